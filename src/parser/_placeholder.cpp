@@ -1,0 +1,2 @@
+// Removed once this library has its first real source file.
+namespace quor {}
