@@ -1,0 +1,8 @@
+// Go to definition: placeholder until the feature lands.
+#include "lsp/LspServer.h"
+
+namespace quor::lsp {
+
+JsonValue LspServer::handleDefinition(const JsonValue&, const JsonValue&) { return JsonValue(); }
+
+}  // namespace quor::lsp
