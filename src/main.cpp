@@ -1,2 +1,82 @@
-#include <cstdio>
-int main() { return 0; }
+// Process entry: the version and help switches, otherwise the language
+// server over standard input and output.
+#include <pthread.h>
+
+#include <cstring>
+#include <iostream>
+#include <string_view>
+
+#include "lsp/LspServer.h"
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+namespace {
+
+constexpr std::string_view VERSION_TEXT =
+    "quorls (Quor Language Server) version 1.0.0\n"
+    "Copyright (c) 2026 The quorls developers\n";
+
+constexpr std::string_view HELP_PIECES[] = {
+    "Usage: quorls [options]\n\n",
+    "Options:\n",
+    "  -v, --version  Display language server version\n",
+    "  -h, --help     Display this help message\n\n",
+    "quorls operates as a Language Server Protocol (LSP) daemon communicating over stdio.\n",
+};
+
+bool isSwitch(std::string_view argument, std::string_view shortForm, std::string_view longForm) {
+    return argument == shortForm || argument == longForm;
+}
+
+void serveStandardStreams() {
+    quor::lsp::LspServer server(std::cin, std::cout);
+    server.run();
+}
+
+void* serverThreadMain(void*) {
+    serveStandardStreams();
+    return nullptr;
+}
+
+// Deeply nested input is read by plain recursion, so the server runs on a
+// thread with a generous stack. The reservation is virtual memory only.
+void runWithLargeStack() {
+    constexpr std::size_t STACK_SIZE = std::size_t{1} << 30;
+    pthread_attr_t attributes;
+    pthread_t thread;
+    bool started = pthread_attr_init(&attributes) == 0 &&
+                   pthread_attr_setstacksize(&attributes, STACK_SIZE) == 0 &&
+                   pthread_create(&thread, &attributes, serverThreadMain, nullptr) == 0;
+    pthread_attr_destroy(&attributes);
+    if (started) {
+        pthread_join(thread, nullptr);
+    } else {
+        serveStandardStreams();  // no big stack to be had: serve on this one
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc >= 2) {
+        std::string_view first(argv[1], std::strlen(argv[1]));
+        if (isSwitch(first, "-v", "--version")) {
+            std::cout << VERSION_TEXT;
+            return 0;
+        }
+        if (isSwitch(first, "-h", "--help")) {
+            for (std::string_view piece : HELP_PIECES) std::cout << piece;
+            return 0;
+        }
+    }
+#ifdef _WIN32
+    _setmode(_fileno(stdin), 0x8000);
+    _setmode(_fileno(stdout), 0x8000);
+#endif
+    std::ios::sync_with_stdio(false);
+    runWithLargeStack();
+    return 0;
+}

@@ -1,0 +1,93 @@
+// Compact JSON writer: sorted keys, integers without a fraction.
+#include <cstdint>
+#include <cstdio>
+#include <sstream>
+#include <string>
+
+#include "lsp/JsonValue.h"
+
+namespace quor::lsp {
+
+namespace {
+
+void writeNumber(std::ostringstream& out, double value) {
+    // A double that survives a round trip through a 64-bit integer is written
+    // as that integer; everything else, beyond-range values included, in the
+    // stream's default format.
+    constexpr double lowest = -9223372036854775808.0;
+    constexpr double beyondHighest = 9223372036854775808.0;
+    if (value >= lowest && value < beyondHighest) {
+        auto integer = static_cast<std::int64_t>(value);
+        if (static_cast<double>(integer) == value) {
+            out << integer;
+            return;
+        }
+    }
+    out << value;
+}
+
+const char* namedEscape(unsigned char byte) {
+    switch (byte) {
+        case '"': return "\\\"";
+        case '\\': return "\\\\";
+        case '\b': return "\\b";
+        case '\f': return "\\f";
+        case '\n': return "\\n";
+        case '\r': return "\\r";
+        case '\t': return "\\t";
+        default: return nullptr;
+    }
+}
+
+void writeString(std::ostringstream& out, const std::string& text) {
+    out << '"';
+    for (char c : text) {
+        auto byte = static_cast<unsigned char>(c);
+        if (const char* escape = namedEscape(byte)) {
+            out << escape;
+        } else if (byte < 0x20) {
+            char buffer[8];
+            std::snprintf(buffer, sizeof buffer, "\\u%04x", static_cast<unsigned>(byte));
+            out << buffer;
+        } else {
+            out << c;
+        }
+    }
+    out << '"';
+}
+
+}  // namespace
+
+std::string JsonValue::serialize() const {
+    std::ostringstream out;
+    switch (type) {
+        case Type::Null: out << "null"; break;
+        case Type::Bool: out << (boolValue ? "true" : "false"); break;
+        case Type::Number: writeNumber(out, numberValue); break;
+        case Type::String: writeString(out, stringValue); break;
+        case Type::Array: {
+            out << '[';
+            const char* separator = "";
+            for (const JsonValue& element : arrayValue) {
+                out << separator << element.serialize();
+                separator = ",";
+            }
+            out << ']';
+            break;
+        }
+        case Type::Object: {
+            out << '{';
+            const char* separator = "";
+            for (const auto& [key, member] : objectValue) {
+                // Keys go out raw, without escaping.
+                out << separator << '"' << key << "\":" << member.serialize();
+                separator = ",";
+            }
+            out << '}';
+            break;
+        }
+    }
+    return out.str();
+}
+
+}  // namespace quor::lsp
