@@ -2,7 +2,9 @@
 // server over standard input and output.
 #include <pthread.h>
 
+#include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <iostream>
 #include <string_view>
 
@@ -76,6 +78,9 @@ int main(int argc, char** argv) {
     _setmode(_fileno(stdin), 0x8000);
     _setmode(_fileno(stdout), 0x8000);
 #endif
+    // An exception nobody catches ends the process quietly: nothing is ever
+    // written to standard error.
+    std::set_terminate([] { std::abort(); });
     std::ios::sync_with_stdio(false);
     runWithLargeStack();
     return 0;

@@ -3,13 +3,12 @@
 
 #include "diagnostics/DiagnosticEngine.h"
 #include "lexer/Lexer.h"
+#include "lsp/DiagnosticConversion.h"
 #include "lsp/LspServer.h"
 
 namespace quor::lsp {
 
 namespace {
-
-constexpr const char* DIAGNOSTIC_SOURCE = "quorls";
 
 // One pass of the front end over a single text. Each stage runs only while
 // the engine has no errors, so the client sees the first failing stage alone.
@@ -37,27 +36,6 @@ struct FrontEndPass {
     }
 };
 
-// Engine locations are one-based; protocol positions zero-based and clamped at 0.
-std::int32_t zeroBased(std::uint32_t oneBased) {
-    auto value = static_cast<std::int32_t>(oneBased);
-    return value < 2 ? 0 : value - 1;
-}
-
-Diagnostic toProtocol(const diagnostics::Diagnostic& reported) {
-    Diagnostic published;
-    auto column = static_cast<std::int32_t>(reported.location.column);
-    published.range.start.line = zeroBased(reported.location.line);
-    published.range.start.character = zeroBased(reported.location.column);
-    published.range.end.line = published.range.start.line;
-    published.range.end.character = column < 2 ? 1 : column;
-    published.severity = reported.severity == diagnostics::DiagnosticSeverity::Error ? 1 : 2;
-    published.code = reported.code;
-    published.source = DIAGNOSTIC_SOURCE;
-    published.message = reported.message;
-    if (!reported.hint.empty()) published.message += " (" + reported.hint + ")";
-    return published;
-}
-
 }  // namespace
 
 std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, const std::string& text) {
@@ -67,7 +45,9 @@ std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, co
     pass.run();
 
     std::vector<Diagnostic> result;
-    for (const diagnostics::Diagnostic& reported : engine.getDiagnostics()) result.push_back(toProtocol(reported));
+    for (const diagnostics::Diagnostic& reported : engine.getDiagnostics()) {
+        result.push_back(toProtocolDiagnostic(reported));
+    }
     return result;
 }
 

@@ -56,20 +56,21 @@ void writeString(std::ostringstream& out, const std::string& text) {
     out << '"';
 }
 
-}  // namespace
-
-std::string JsonValue::serialize() const {
-    std::ostringstream out;
-    switch (type) {
+// Writes `value` and everything below it into the one stream, so that a
+// deeply nested value costs time in proportion to its size.
+void writeValue(std::ostringstream& out, const JsonValue& value) {
+    using Type = JsonValue::Type;
+    switch (value.type) {
         case Type::Null: out << "null"; break;
-        case Type::Bool: out << (boolValue ? "true" : "false"); break;
-        case Type::Number: writeNumber(out, numberValue); break;
-        case Type::String: writeString(out, stringValue); break;
+        case Type::Bool: out << (value.boolValue ? "true" : "false"); break;
+        case Type::Number: writeNumber(out, value.numberValue); break;
+        case Type::String: writeString(out, value.stringValue); break;
         case Type::Array: {
             out << '[';
             const char* separator = "";
-            for (const JsonValue& element : arrayValue) {
-                out << separator << element.serialize();
+            for (const JsonValue& element : value.arrayValue) {
+                out << separator;
+                writeValue(out, element);
                 separator = ",";
             }
             out << ']';
@@ -78,15 +79,23 @@ std::string JsonValue::serialize() const {
         case Type::Object: {
             out << '{';
             const char* separator = "";
-            for (const auto& [key, member] : objectValue) {
+            for (const auto& [key, member] : value.objectValue) {
                 // Keys go out raw, without escaping.
-                out << separator << '"' << key << "\":" << member.serialize();
+                out << separator << '"' << key << "\":";
+                writeValue(out, member);
                 separator = ",";
             }
             out << '}';
             break;
         }
     }
+}
+
+}  // namespace
+
+std::string JsonValue::serialize() const {
+    std::ostringstream out;
+    writeValue(out, *this);
     return out.str();
 }
 
