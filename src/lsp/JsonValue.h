@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace quor::lsp {
@@ -41,6 +42,14 @@ public:
     JsonValue(bool value);        // NOLINT(google-explicit-constructor)
     JsonValue(int value);         // NOLINT(google-explicit-constructor)
     JsonValue(double value);      // NOLINT(google-explicit-constructor)
+
+    // Any other integer type also makes a Number, so that sizes and 64-bit
+    // counts need no cast at the call site.
+    template <typename Integer>
+        requires(std::is_integral_v<Integer> && !std::is_same_v<Integer, bool> && !std::is_same_v<Integer, int> &&
+                 !std::is_same_v<Integer, char>)
+    JsonValue(Integer value)  // NOLINT(google-explicit-constructor)
+        : type(Type::Number), numberValue(static_cast<double>(value)) {}
 
     // An empty value of the given kind, e.g. JsonValue(JsonValue::Type::Array).
     explicit JsonValue(Type kind);

@@ -43,6 +43,12 @@ TEST(JsonValueConstruction, ScalarConstructors) {
     EXPECT_EQ(real.numberValue, 2.5);
 }
 
+TEST(JsonValueConstruction, OtherIntegerTypesMakeNumbers) {
+    EXPECT_EQ(JsonValue(std::size_t{3}).serialize(), "3");
+    EXPECT_EQ(JsonValue(std::int64_t{-4}).serialize(), "-4");
+    EXPECT_EQ(JsonValue(std::uint32_t{5}).type, JsonValue::Type::Number);
+}
+
 TEST(JsonValueConstruction, NullCharPointerIsEmptyString) {
     const char* nothing = nullptr;
     JsonValue value(nothing);
