@@ -96,8 +96,10 @@ TEST_F(DocumentStoreTest, ChangeOfAnUnopenedDocumentCreatesIt) {
 TEST_F(DocumentStoreTest, EveryChangeGetsItsOwnPublicationInOrder) {
     std::string expected;
     for (int i = 0; i < 10; ++i) {
-        notify(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"u)" + std::to_string(i) +
-               R"("},"contentChanges":[{"text":""}]}})");
+        std::string message = R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"u)";
+        message.append(std::to_string(i));
+        message.append(R"("},"contentChanges":[{"text":""}]}})");
+        notify(message);
         expected += emptyPublication("u" + std::to_string(i));
     }
     EXPECT_EQ(out.str(), expected);
