@@ -1,0 +1,22 @@
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "ast/ASTNode.h"
+#include "diagnostics/SourceLocation.h"
+
+namespace quor::ast {
+
+// The root of a parsed source: its top-level declarations and statements,
+// never null. Its location is that of the source's first token.
+class Program final : public ASTNode {
+public:
+    Program(std::vector<NodePtr> declarations, diagnostics::SourceLocation location)
+        : ASTNode(NodeKind::Program, std::move(location)), declarations(std::move(declarations)) {}
+    void accept(ASTVisitor& visitor) const override;
+
+    std::vector<NodePtr> declarations;
+};
+
+}  // namespace quor::ast
