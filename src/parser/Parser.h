@@ -105,6 +105,7 @@ private:
 
     // ---- String interpolation (ParserInterpolation.cpp) ----
     std::unique_ptr<ast::ExpressionNode> parseStringLiteral();
+    std::unique_ptr<ast::ExpressionNode> parseInterpolatedPiece(std::string_view piece);
 
     // ---- Statements (ParserStatements.cpp) ----
     std::unique_ptr<ast::BlockStmt> parseBlock();
