@@ -1,15 +1,160 @@
-// Temporary stub so the tree links; the scanner proper replaces this file.
 #include "lexer/Lexer.h"
 
+#include <utility>
+
+#include "lexer/CharClass.h"
+
 namespace quor::lexer {
+
+namespace {
+
+constexpr std::string_view LEXICAL_ERROR = "E1000";
+
+bool isComment(TokenType type) { return type == TokenType::Comment || type == TokenType::DocComment; }
+
+// Bytes that can never start a token although they are printable.
+bool isStrayPrintable(char c) { return c == '#' || c == '$' || c == '\\' || c == '`'; }
+
+bool isOutsidePrintableAscii(char c) {
+    auto byte = static_cast<unsigned char>(c);
+    return byte < 33 || byte > 126;
+}
+
+}  // namespace
 
 Lexer::Lexer(std::string_view source, std::string filename, diagnostics::DiagnosticEngine* diagnostics)
     : source(source), filename(std::move(filename)), diagnostics(diagnostics) {}
 
-Token Lexer::nextToken() { return Token{TokenType::EndOfFile, "", {filename, line, column}}; }
+// ---- primitives ---------------------------------------------------------
 
-std::vector<Token> Lexer::tokenizeAll() { return {nextToken()}; }
+bool Lexer::isAtEnd() const { return current >= source.size(); }
 
-TokenType Lexer::lookupKeyword(std::string_view) { return TokenType::Identifier; }
+char Lexer::advance() {
+    char c = source[current];
+    ++current;
+    if (c == '\n') {
+        ++line;
+        column = 1;
+    } else {
+        ++column;
+    }
+    return c;
+}
+
+char Lexer::peek() const { return isAtEnd() ? '\0' : source[current]; }
+
+char Lexer::peekNext() const { return current + 1 >= source.size() ? '\0' : source[current + 1]; }
+
+bool Lexer::match(char expected) {
+    if (isAtEnd() || source[current] != expected) {
+        return false;
+    }
+    ++current;
+    ++column;
+    return true;
+}
+
+void Lexer::skipWhitespace() {
+    while (!isAtEnd()) {
+        char c = peek();
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') {
+            return;
+        }
+        advance();
+    }
+}
+
+void Lexer::consumeWhile(bool (*accepts)(char)) {
+    while (!isAtEnd() && accepts(peek())) {
+        advance();
+    }
+}
+
+// ---- token construction -------------------------------------------------
+
+Token Lexer::makeToken(TokenType type) const {
+    return Token{type, std::string(source.substr(tokenStart, current - tokenStart)),
+                 diagnostics::SourceLocation{filename, tokenLine, tokenColumn}};
+}
+
+Token Lexer::makeToken(TokenType type, std::string value) const {
+    return Token{type, std::move(value), diagnostics::SourceLocation{filename, tokenLine, tokenColumn}};
+}
+
+Token Lexer::errorToken(std::string_view code, std::string_view message, std::string_view hint) {
+    diagnostics::SourceLocation location{filename, tokenLine, tokenColumn};
+    if (diagnostics != nullptr) {
+        diagnostics->reportError(code, message, location, hint);
+    }
+    return Token{TokenType::Invalid, std::string(source.substr(tokenStart, current - tokenStart)),
+                 std::move(location)};
+}
+
+Token Lexer::unexpectedCharacter(char byte) {
+    std::string message = "Unexpected character: '";
+    message.push_back(byte);
+    message.push_back('\'');
+    return errorToken(LEXICAL_ERROR, message, "Remove or replace the invalid character");
+}
+
+// ---- driver ---------------------------------------------------------------
+
+Token Lexer::nextToken() {
+    // Each round either returns or has consumed at least one byte, so the
+    // loop ends; it repeats only to drop comments the caller does not want.
+    for (;;) {
+        skipWhitespace();
+        tokenStart = current;
+        tokenLine = line;
+        tokenColumn = column;
+        if (isAtEnd()) {
+            return makeToken(TokenType::EndOfFile, "");
+        }
+        Token token = scanToken(advance());
+        if (preserveComments || !isComment(token.type)) {
+            return token;
+        }
+    }
+}
+
+Token Lexer::scanToken(char first) {
+    if (isIdentifierStart(first)) {
+        return scanIdentifierOrKeyword();
+    }
+    if (isDecimalDigit(first)) {
+        return scanNumber();
+    }
+    if (isOutsidePrintableAscii(first) || isStrayPrintable(first)) {
+        return unexpectedCharacter(first);
+    }
+    if (first == '"') {
+        return scanString();
+    }
+    if (first == '\'') {
+        return scanChar();
+    }
+    if (first == '/' && match('/')) {
+        return scanSingleLineComment();
+    }
+    if (first == '/' && match('*')) {
+        return scanMultiLineComment();
+    }
+    return scanOperator(first);
+}
+
+std::vector<Token> Lexer::tokenizeAll() {
+    std::vector<Token> tokens;
+    for (;;) {
+        tokens.push_back(nextToken());
+        if (tokens.back().type == TokenType::EndOfFile) {
+            return tokens;
+        }
+    }
+}
+
+Token Lexer::scanIdentifierOrKeyword() {
+    consumeWhile(isIdentifierPart);
+    return makeToken(lookupKeyword(source.substr(tokenStart, current - tokenStart)));
+}
 
 }  // namespace quor::lexer

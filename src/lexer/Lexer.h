@@ -34,6 +34,16 @@ private:
     Token scanSingleLineComment();
     Token scanMultiLineComment();
 
+    // Helpers of the scanners above.
+    Token scanToken(char first);
+    Token scanOperator(char first);
+    Token unexpectedCharacter(char byte);
+    Token scanRadixLiteral();
+    Token scanExponent(bool hasFraction);
+    Token finishFloat();
+    bool scanUnicodeEscape(std::string& buffer);
+    void consumeWhile(bool (*accepts)(char));
+
     bool isAtEnd() const;
     char advance();
     char peek() const;

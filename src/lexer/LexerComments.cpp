@@ -1,0 +1,36 @@
+#include "lexer/Lexer.h"
+
+namespace quor::lexer {
+
+// Entered with "//" consumed. A third slash makes it a documentation comment.
+Token Lexer::scanSingleLineComment() {
+    TokenType type = peek() == '/' ? TokenType::DocComment : TokenType::Comment;
+    while (!isAtEnd() && peek() != '\n') {
+        advance();
+    }
+    return makeToken(type);
+}
+
+// Entered with "/*" consumed. Block comments nest; each opener and closer is
+// taken as a pair so that "/*/" does not close anything.
+Token Lexer::scanMultiLineComment() {
+    std::uint64_t depth = 1;
+    while (!isAtEnd()) {
+        if (peek() == '/' && peekNext() == '*') {
+            advance();
+            advance();
+            ++depth;
+        } else if (peek() == '*' && peekNext() == '/') {
+            advance();
+            advance();
+            if (--depth == 0) {
+                return makeToken(TokenType::Comment);
+            }
+        } else {
+            advance();
+        }
+    }
+    return errorToken("E1000", "Unclosed multi-line comment", "Add '*/' to close the multi-line comment");
+}
+
+}  // namespace quor::lexer
