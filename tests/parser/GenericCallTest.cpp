@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "parser/ParserTestSupport.h"
+
+namespace {
+
+using quor::lexer::Token;
+using quor::lexer::TokenType;
+using quor::parser::testing::ParseRun;
+using quor::parser::testing::show;
+using quor::parser::testing::showExpression;
+using quor::parser::testing::tok;
+
+// Whether the "<" at token index `index` of `source` opens a generic call.
+bool genericAt(const char* source, std::uint64_t index) {
+    ParseRun run(source);
+    return run.access().isGenericCall(index);
+}
+
+TEST(GenericCallLookahead, TypeArgumentsFollowedByAParenthesisAreACall) {
+    EXPECT_TRUE(genericAt("f<int>(1)", 1));
+    EXPECT_TRUE(genericAt("f<int, string[]?>(1)", 1));
+    EXPECT_FALSE(genericAt("f<Map<K, V>>", 1));
+    EXPECT_TRUE(genericAt("f<List<int> >(1)", 1));
+}
+
+TEST(GenericCallLookahead, ShiftTokenEndsTheLookahead) {
+    EXPECT_FALSE(genericAt("f<List<int>>(1)", 1));
+}
+
+TEST(GenericCallLookahead, NumberTokenEndsTheLookahead) {
+    EXPECT_FALSE(genericAt("f<1>(2)", 1));
+}
+
+TEST(GenericCallLookahead, ComparisonWithNothingBehindIsNoCall) {
+    EXPECT_FALSE(genericAt("a < b", 1));
+    EXPECT_FALSE(genericAt("a < b > c", 1));
+}
+
+TEST(GenericCallLookahead, IndexMustHoldALess) {
+    EXPECT_FALSE(genericAt("f<int>(1)", 0));
+    EXPECT_FALSE(genericAt("f<int>(1)", 2));
+    EXPECT_FALSE(genericAt("f<int>(1)", 99));
+}
+
+TEST(GenericCallLookahead, LessAtTheVeryEndIsAComparison) {
+    EXPECT_FALSE(genericAt("a <", 1));
+    std::vector<Token> tokens{tok(TokenType::Identifier, "a"), tok(TokenType::Less, "<")};
+    ParseRun run(tokens);
+    EXPECT_FALSE(run.access().isGenericCall(1));
+}
+
+TEST(GenericCallLookahead, VectorEndingInsideTheBracketsIsNoCall) {
+    std::vector<Token> tokens{tok(TokenType::Identifier, "f"), tok(TokenType::Less, "<"),
+                              tok(TokenType::Identifier, "T")};
+    ParseRun run(tokens);
+    EXPECT_FALSE(run.access().isGenericCall(1));
+}
+
+TEST(GenericCallLookahead, ClosingBracketAtTheVeryEndIsNoCall) {
+    std::vector<Token> tokens{tok(TokenType::Identifier, "f"), tok(TokenType::Less, "<"),
+                              tok(TokenType::Identifier, "T"), tok(TokenType::Greater, ">")};
+    ParseRun run(tokens);
+    EXPECT_FALSE(run.access().isGenericCall(1));
+}
+
+TEST(GenericCallLookahead, AllowedTokensBetweenTheBrackets) {
+    EXPECT_FALSE(genericAt("f<A[], B?, int, List<C>>(x)", 1));  // ">>" again
+    EXPECT_TRUE(genericAt("f<A[], B?, int, List<C> >(x)", 1));
+    EXPECT_FALSE(genericAt("f<a.b>(x)", 1));
+    EXPECT_FALSE(genericAt("f<\"s\">(x)", 1));
+}
+
+TEST(GenericCallParse, CallWithTypeArgumentsIsACallExpr) {
+    ParseRun run("f<int>(1)");
+    auto expr = run.expression();
+    ASSERT_NE(expr, nullptr);
+    ASSERT_EQ(expr->nodeKind, quor::ast::NodeKind::CallExpr);
+    const auto& call = static_cast<const quor::ast::CallExpr&>(*expr);
+    EXPECT_EQ(call.typeArgs, std::vector<std::string>{"int"});
+    ASSERT_EQ(call.args.size(), 1u);
+    EXPECT_EQ(show(call.callee.get()), "f");
+    // The node stands at the "<".
+    EXPECT_EQ(call.location.line, 1u);
+    EXPECT_EQ(call.location.column, 2u);
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
+TEST(GenericCallParse, SeveralTypeArgumentsKeepTheirCanonicalText) {
+    EXPECT_EQ(showExpression("f<int, string[]?>(1)"), "(call f <int, string[]?> 1)");
+    EXPECT_EQ(showExpression("f<List<int> >(1, 2)"), "(call f <List<int>> 1 2)");
+    EXPECT_EQ(showExpression("obj.get<T>()"), "(call (. obj get) <T>)");
+}
+
+TEST(GenericCallParse, DoubleClosingBracketParsesAsComparisons) {
+    ParseRun run("f<List<int>>(1)");
+    auto expr = run.expression();
+    EXPECT_EQ(show(expr.get()), "(< (< f List) (>> int 1))");
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
+TEST(GenericCallParse, ComparisonWithNothingBehind) {
+    EXPECT_EQ(showExpression("a < b"), "(< a b)");
+}
+
+TEST(GenericCallParse, NumberInsideTheBracketsGivesComparisons) {
+    EXPECT_EQ(showExpression("f<1>(2)"), "(> (< f 1) 2)");
+}
+
+TEST(GenericCallParse, ComparisonShapedLikeACallIsTakenForOne) {
+    EXPECT_EQ(showExpression("a < b > (c)"), "(call a <b> c)");
+}
+
+TEST(GenericCallParse, PlainCallHasNoTypeArguments) {
+    ParseRun run("f(1, 2)");
+    auto expr = run.expression();
+    ASSERT_EQ(expr->nodeKind, quor::ast::NodeKind::CallExpr);
+    const auto& call = static_cast<const quor::ast::CallExpr&>(*expr);
+    EXPECT_TRUE(call.typeArgs.empty());
+    EXPECT_EQ(call.args.size(), 2u);
+    EXPECT_EQ(call.location.column, 2u);  // at the "("
+}
+
+}  // namespace
