@@ -1,8 +1,10 @@
 // Runs the front end over a document and publishes what it reported.
+#include <memory>
 #include <sstream>
 
 #include "diagnostics/DiagnosticEngine.h"
 #include "lexer/Lexer.h"
+#include "parser/Parser.h"
 #include "lsp/DiagnosticConversion.h"
 #include "lsp/LspServer.h"
 
@@ -17,6 +19,8 @@ struct FrontEndPass {
     const std::string& text;
     diagnostics::DiagnosticEngine& engine;
     std::vector<lexer::Token> tokens;
+    // Kept for the analysis stage; dies with the pass.
+    std::unique_ptr<ast::Program> program;
 
     bool clean() const { return engine.getErrorCount() == 0; }
 
@@ -25,14 +29,16 @@ struct FrontEndPass {
         tokens = scanner.tokenizeAll();
     }
 
+    void parse() {
+        parser::Parser syntax(tokens, uri, &engine);
+        program = syntax.parseProgram();
+    }
+
     void run() {
         scan();
         if (!clean()) return;
-        // Later stages slot in here, each behind the same check:
-        //   parse();    a Parser over `tokens` with `uri` as file name and the
-        //               engine; the program is kept as a member for the next stage
-        //   if (!clean()) return;
-        //   analyze();  the semantic analyzer over that program
+        parse();
+        // The analysis stage slots in here, behind the same check.
     }
 };
 
@@ -41,7 +47,7 @@ struct FrontEndPass {
 std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, const std::string& text) {
     std::ostringstream report;  // the engine's printed form is not used here
     diagnostics::DiagnosticEngine engine(report);
-    FrontEndPass pass{uri, text, engine, {}};
+    FrontEndPass pass{uri, text, engine, {}, nullptr};
     pass.run();
 
     std::vector<Diagnostic> result;

@@ -170,3 +170,63 @@ TEST(ServerSession, ManyMessagesInOneStream) {
     expectCleanExit(result);
     EXPECT_EQ(result.out, expected);
 }
+
+TEST(ServerSession, DidOpenWithASyntaxErrorPublishesIt) {
+    std::string input =
+        frame(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"file:///w/b.quor","text":"fn main() {\n    return 1\n}\n"}}})");
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    EXPECT_EQ(result.out,
+              frame(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[)"
+                    R"({"code":"E1000","message":"Expected ';' after return statement",)"
+                    R"("range":{"end":{"character":1,"line":2},"start":{"character":0,"line":2}},"severity":1,"source":"quorls"}],)"
+                    R"("uri":"file:///w/b.quor"}})"));
+}
+
+TEST(ServerSession, LexicalErrorHidesTheSyntaxErrors) {
+    std::string input =
+        frame(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"let x = ;\nlet y = 1 # 2;"}}})");
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    std::vector<std::string> bodies = splitFramed(result.out);
+    ASSERT_EQ(bodies.size(), 1u);
+    EXPECT_EQ(bodies[0],
+              R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[)"
+              R"j({"code":"E1000","message":"Unexpected character: '#' (Remove or replace the invalid character)",)j"
+              R"("range":{"end":{"character":11,"line":1},"start":{"character":10,"line":1}},"severity":1,"source":"quorls"}],)"
+              R"("uri":"u"}})");
+}
+
+TEST(ServerSession, FixingTheLexicalErrorRevealsTheSyntaxError) {
+    std::string input =
+        frame(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"let x = ;\nlet y = 1 # 2;"}}})") +
+        frame(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"u"},"contentChanges":[{"text":"let x = ;\nlet y = 1 + 2;"}]}})");
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    std::vector<std::string> bodies = splitFramed(result.out);
+    ASSERT_EQ(bodies.size(), 2u);
+    EXPECT_NE(bodies[0].find("Unexpected character: '#'"), std::string::npos);
+    EXPECT_EQ(bodies[0].find("Expected expression"), std::string::npos);
+    EXPECT_NE(bodies[1].find(R"("message":"Expected expression, found: ;")"), std::string::npos);
+}
+
+TEST(ServerSession, HalfTypedDocumentsNeverStopTheServer) {
+    // Every prefix of a small program is sent as a change, as an editor
+    // would while the user types it; each gets its own publication.
+    const std::string program = "class A { int x; fn f(int a): int { return a + x; } }\ntest \"t\" { let a = new A(); }\n";
+    std::string input;
+    for (std::size_t length = 0; length <= program.size(); ++length) {
+        std::string text;
+        for (char c : program.substr(0, length)) {
+            if (c == '"') text += "\\\"";
+            else if (c == '\n') text += "\\n";
+            else text += c;
+        }
+        std::string body = R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"u"},"contentChanges":[{"text":")";
+        body.append(text).append(R"("}]}})");
+        input += frame(body);
+    }
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    EXPECT_EQ(splitFramed(result.out).size(), program.size() + 1);
+}

@@ -169,3 +169,40 @@ TEST_F(PublicationTest, FixingTheErrorClearsTheList) {
     EXPECT_EQ(out.str(),
               framed(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[],"uri":"u"}})"));
 }
+
+TEST_F(PublicationTest, SyntaxErrorsArePublishedInReportOrder) {
+    // The initializer is missing: the parser reports at ';', consumes it, and
+    // the declaration then misses its own ';' at the end of the text.
+    EXPECT_EQ(openAndCollect("u", "let x = ;"),
+              framed(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[)"
+                     R"({"code":"E1000","message":"Expected expression, found: ;",)"
+                     R"("range":{"end":{"character":9,"line":0},"start":{"character":8,"line":0}},"severity":1,"source":"quorls"},)"
+                     R"({"code":"E1000","message":"Expected ';' after variable declaration",)"
+                     R"("range":{"end":{"character":10,"line":0},"start":{"character":9,"line":0}},"severity":1,"source":"quorls"}],)"
+                     R"("uri":"u"}})"));
+}
+
+TEST_F(PublicationTest, LexicalErrorHidesSyntaxErrorsOfTheSameText) {
+    // 'ab' fails at the first quote and again at the last one, which opens
+    // a literal that the end of the text leaves unclosed.
+    std::vector<quor::lsp::Diagnostic> found = server.computeDiagnostics("u", "let x = ;\nlet c = 'ab';");
+    ASSERT_EQ(found.size(), 2u);
+    for (const quor::lsp::Diagnostic& diagnostic : found) {
+        EXPECT_EQ(diagnostic.range.start.line, 1);
+        EXPECT_EQ(diagnostic.message.rfind("Unclosed character literal", 0), 0u);
+    }
+}
+
+TEST_F(PublicationTest, ASyntaxErrorOnALaterLineIsPlacedThere) {
+    std::vector<quor::lsp::Diagnostic> found = server.computeDiagnostics("u", "let a = 1;\n\nreturn 2\n");
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found[0].message, "Expected ';' after return statement");
+    EXPECT_EQ(found[0].range.start.line, 3);
+    EXPECT_EQ(found[0].range.start.character, 0);
+}
+
+TEST_F(PublicationTest, HalfTypedClassStillEndsWithItsReports) {
+    std::vector<quor::lsp::Diagnostic> found = server.computeDiagnostics("u", "class A {\n    fn f(");
+    EXPECT_FALSE(found.empty());
+    for (const quor::lsp::Diagnostic& diagnostic : found) EXPECT_EQ(diagnostic.source, "quorls");
+}

@@ -34,15 +34,15 @@ TEST_F(DocumentStoreTest, OpenStoresTheTextAndPublishes) {
 }
 
 TEST_F(DocumentStoreTest, OpenReplacesAnEarlierText) {
-    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"one"}}})");
-    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"two"}}})");
-    EXPECT_EQ(server.getDocument("u"), "two");
+    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"one;"}}})");
+    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"two;"}}})");
+    EXPECT_EQ(server.getDocument("u"), "two;");
     EXPECT_EQ(out.str(), emptyPublication("u") + emptyPublication("u"));
 }
 
 TEST_F(DocumentStoreTest, OpenWithoutUriUsesTheEmptyUri) {
-    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"text":"abc"}}})");
-    EXPECT_EQ(server.getDocument(""), "abc");
+    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"text":"abc;"}}})");
+    EXPECT_EQ(server.getDocument(""), "abc;");
     EXPECT_EQ(out.str(), emptyPublication(""));
 }
 
@@ -58,9 +58,9 @@ TEST_F(DocumentStoreTest, UriIsKeptExactlyAsSent) {
 }
 
 TEST_F(DocumentStoreTest, ChangeStoresTheFirstChangeAsTheWholeText) {
-    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"old"}}})");
-    notify(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"u","version":2},"contentChanges":[{"range":{"start":{"line":0,"character":0},"end":{"line":0,"character":1}},"text":"first"},{"text":"second"}]}})");
-    EXPECT_EQ(server.getDocument("u"), "first");
+    notify(R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":"old;"}}})");
+    notify(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"u","version":2},"contentChanges":[{"range":{"start":{"line":0,"character":0},"end":{"line":0,"character":1}},"text":"first;"},{"text":"second"}]}})");
+    EXPECT_EQ(server.getDocument("u"), "first;");
     EXPECT_EQ(out.str(), emptyPublication("u") + emptyPublication("u"));
 }
 
@@ -88,8 +88,8 @@ TEST_F(DocumentStoreTest, ChangeWithMissingTextEmptiesTheDocumentAndPublishes) {
 }
 
 TEST_F(DocumentStoreTest, ChangeOfAnUnopenedDocumentCreatesIt) {
-    notify(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"new"},"contentChanges":[{"text":"t"}]}})");
-    EXPECT_EQ(server.getDocument("new"), "t");
+    notify(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"new"},"contentChanges":[{"text":"t;"}]}})");
+    EXPECT_EQ(server.getDocument("new"), "t;");
     EXPECT_EQ(out.str(), emptyPublication("new"));
 }
 
@@ -142,10 +142,10 @@ TEST_F(DocumentStoreTest, PlainStoreOperations) {
 }
 
 TEST_F(DocumentStoreTest, DirectHandlerCallsMatchTheDispatchedOnes) {
-    server.handleDidOpen(parse(R"({"textDocument":{"uri":"d","text":"x"}})"));
-    EXPECT_EQ(server.getDocument("d"), "x");
-    server.handleDidChange(parse(R"({"textDocument":{"uri":"d"},"contentChanges":[{"text":"y"}]})"));
-    EXPECT_EQ(server.getDocument("d"), "y");
+    server.handleDidOpen(parse(R"({"textDocument":{"uri":"d","text":"x;"}})"));
+    EXPECT_EQ(server.getDocument("d"), "x;");
+    server.handleDidChange(parse(R"({"textDocument":{"uri":"d"},"contentChanges":[{"text":"y;"}]})"));
+    EXPECT_EQ(server.getDocument("d"), "y;");
     server.handleDidClose(parse(R"({"textDocument":{"uri":"d"}})"));
     EXPECT_EQ(server.getDocument("d"), "");
     EXPECT_EQ(out.str(), emptyPublication("d") + emptyPublication("d"));
