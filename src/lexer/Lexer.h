@@ -23,9 +23,6 @@ public:
     // The reserved word's kind, or Identifier for any other text.
     static TokenType lookupKeyword(std::string_view word);
 
-    // When true, comments come back as Comment / DocComment tokens.
-    bool preserveComments = false;
-
 private:
     Token scanIdentifierOrKeyword();
     Token scanNumber();
@@ -64,6 +61,11 @@ private:
     std::uint32_t column = 1;
     std::uint32_t tokenLine = 1;
     std::uint32_t tokenColumn = 1;
+
+public:
+    // When true, comments come back as Comment / DocComment tokens. Set it
+    // after construction and before the first token.
+    bool preserveComments = false;
 };
 
 }  // namespace quor::lexer
