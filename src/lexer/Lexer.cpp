@@ -2,13 +2,14 @@
 
 #include <utility>
 
+#include "diagnostics/DiagnosticCodes.h"
 #include "lexer/CharClass.h"
 
 namespace quor::lexer {
 
 namespace {
 
-constexpr std::string_view LEXICAL_ERROR = "E1000";
+using diagnostics::CODE_SYNTAX;
 
 bool isComment(TokenType type) { return type == TokenType::Comment || type == TokenType::DocComment; }
 
@@ -94,7 +95,7 @@ Token Lexer::unexpectedCharacter(char byte) {
     std::string message = "Unexpected character: '";
     message.push_back(byte);
     message.push_back('\'');
-    return errorToken(LEXICAL_ERROR, message, "Remove or replace the invalid character");
+    return errorToken(CODE_SYNTAX, message, "Remove or replace the invalid character");
 }
 
 // ---- driver ---------------------------------------------------------------

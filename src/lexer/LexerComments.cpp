@@ -1,3 +1,4 @@
+#include "diagnostics/DiagnosticCodes.h"
 #include "lexer/Lexer.h"
 
 namespace quor::lexer {
@@ -30,7 +31,8 @@ Token Lexer::scanMultiLineComment() {
             advance();
         }
     }
-    return errorToken("E1000", "Unclosed multi-line comment", "Add '*/' to close the multi-line comment");
+    return errorToken(diagnostics::CODE_SYNTAX, "Unclosed multi-line comment",
+                      "Add '*/' to close the multi-line comment");
 }
 
 }  // namespace quor::lexer

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "diagnostics/DiagnosticCodes.h"
 #include "lexer/CharClass.h"
 #include "lexer/Lexer.h"
 
@@ -7,7 +8,7 @@ namespace quor::lexer {
 
 namespace {
 
-constexpr std::string_view LEXICAL_ERROR = "E1000";
+using diagnostics::CODE_SYNTAX;
 
 struct RadixRule {
     char letter;  // lower case; the upper-case letter is accepted too
@@ -66,7 +67,7 @@ Token Lexer::scanNumber() {
 Token Lexer::scanRadixLiteral() {
     const RadixRule& rule = *findRadix(advance());
     if (isAtEnd() || !isDigitOfBase(peek(), rule.base)) {
-        return errorToken(LEXICAL_ERROR, rule.missingDigitMessage, rule.hint);
+        return errorToken(CODE_SYNTAX, rule.missingDigitMessage, rule.hint);
     }
     while (!isAtEnd() && (isDigitOfBase(peek(), rule.base) || peek() == '_')) {
         advance();
@@ -81,7 +82,7 @@ Token Lexer::scanExponent(bool hasFraction) {
         advance();
     }
     if (!isDecimalDigit(peek())) {
-        return errorToken(LEXICAL_ERROR, "Floating-point exponent requires digits",
+        return errorToken(CODE_SYNTAX, "Floating-point exponent requires digits",
                           hasFraction ? "Example: 1.5e-3" : "Example: 1e6");
     }
     consumeWhile(isDecimalDigit);

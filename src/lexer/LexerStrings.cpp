@@ -1,6 +1,7 @@
 #include <array>
 #include <optional>
 
+#include "diagnostics/DiagnosticCodes.h"
 #include "lexer/CharClass.h"
 #include "lexer/Lexer.h"
 
@@ -8,7 +9,7 @@ namespace quor::lexer {
 
 namespace {
 
-constexpr std::string_view LEXICAL_ERROR = "E1000";
+using diagnostics::CODE_SYNTAX;
 
 struct SimpleEscape {
     char selector;
@@ -78,7 +79,7 @@ Token Lexer::scanString() {
             return makeToken(TokenType::StringLiteral, std::move(buffer));
         }
         if (c == '\n') {
-            return errorToken(LEXICAL_ERROR, "Unclosed string literal before newline",
+            return errorToken(CODE_SYNTAX, "Unclosed string literal before newline",
                               "Close the string with a double quote '\"'");
         }
         if (c != '\\') {
@@ -86,12 +87,12 @@ Token Lexer::scanString() {
             continue;
         }
         if (isAtEnd()) {
-            return errorToken(LEXICAL_ERROR, "Unfinished escape sequence at end of file", "");
+            return errorToken(CODE_SYNTAX, "Unfinished escape sequence at end of file", "");
         }
         char selector = advance();
         if (selector == 'u') {
             if (!scanUnicodeEscape(buffer)) {
-                return errorToken(LEXICAL_ERROR, "Invalid unicode escape sequence, expected 4 hex digits",
+                return errorToken(CODE_SYNTAX, "Invalid unicode escape sequence, expected 4 hex digits",
                                   "Example: \\u0041");
             }
         } else if (std::optional<char> decoded = decodeSimpleEscape(selector)) {
@@ -102,27 +103,27 @@ Token Lexer::scanString() {
             buffer.push_back(selector);
         }
     }
-    return errorToken(LEXICAL_ERROR, "Unclosed string literal at end of file", "Add closing '\"' at end of string");
+    return errorToken(CODE_SYNTAX, "Unclosed string literal at end of file", "Add closing '\"' at end of string");
 }
 
 // Entered with the opening quote consumed. An immediately following quote is
 // left unread, so "''" reports an empty literal and then opens another one.
 Token Lexer::scanChar() {
     if (isAtEnd() || peek() == '\'') {
-        return errorToken(LEXICAL_ERROR, "Empty character literal",
+        return errorToken(CODE_SYNTAX, "Empty character literal",
                           "Character literals must contain exactly one character");
     }
     char content = advance();
     if (content == '\\') {
         if (isAtEnd()) {
-            return errorToken(LEXICAL_ERROR, "Unfinished escape sequence in character literal", "");
+            return errorToken(CODE_SYNTAX, "Unfinished escape sequence in character literal", "");
         }
         char selector = advance();
         // Unknown escapes stand for the escaped byte itself.
         content = decodeSimpleEscape(selector).value_or(selector);
     }
     if (!match('\'')) {
-        return errorToken(LEXICAL_ERROR, "Unclosed character literal", "Close the character with a single quote ''");
+        return errorToken(CODE_SYNTAX, "Unclosed character literal", "Close the character with a single quote ''");
     }
     return makeToken(TokenType::CharLiteral, std::string(1, content));
 }
