@@ -56,6 +56,24 @@ TEST(DiagnosticEngineState, InfoAndHintSeveritiesCountAsWarnings) {
     EXPECT_EQ(engine.getErrorCount(), 0u);
 }
 
+TEST(DiagnosticEngineState, SeverityOutsideTheRangeCountsAsAWarningButPrintsAsAnError) {
+    std::ostringstream out;
+    DiagnosticEngine engine(out);
+    engine.report(static_cast<DiagnosticSeverity>(7), "E1000", "odd", HERE, "");
+    EXPECT_EQ(engine.getErrorCount(), 0u);
+    EXPECT_EQ(engine.getWarningCount(), 1u);
+    EXPECT_EQ(out.str(), "\x1b[1;31merror[E1000]: \x1b[0m\x1b[1modd\x1b[0m\n  --> main.quor:3:7\n");
+}
+
+TEST(DiagnosticEngineState, EveryReportIsAlsoPrinted) {
+    std::ostringstream out;
+    DiagnosticEngine engine(out);
+    engine.reportError("E1003", "Undefined function 'f'", HERE, "Check the name");
+    std::string expected = "\x1b[1;31merror[E1003]: \x1b[0m\x1b[1mUndefined function 'f'\x1b[0m\n";
+    expected.append("  --> main.quor:3:7\n   = \x1b[32mhelp: \x1b[0mCheck the name\n");
+    EXPECT_EQ(out.str(), expected);
+}
+
 TEST(DiagnosticEngineState, RecordsKeepReportOrder) {
     std::ostringstream out;
     DiagnosticEngine engine(out);
