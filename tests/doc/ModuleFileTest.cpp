@@ -119,3 +119,33 @@ TEST(DocFromDirectory, SortIsByteWise) {
     EXPECT_EQ(modules[1].name, "_c");
     EXPECT_EQ(modules[2].name, "b");
 }
+
+TEST(DocFromDirectory, LinksToSourcesAreFollowedAndDirectoriesNamedLikeSourcesAreNot) {
+    ScratchDirectory scratch("links");
+    scratch.write("real.quor", "fn r() {}\n");
+    scratch.write("folder.quor/inner.quor", "fn i() {}\n");
+    fs::create_symlink(scratch.root / "real.quor", scratch.root / "alias.quor");
+    std::vector<DocModule> modules = generator().extractModulesFromDirectory(scratch.root.string());
+    ASSERT_EQ(modules.size(), 3u);
+    EXPECT_EQ(modules[0].name, "alias");
+    ASSERT_EQ(modules[0].entries.size(), 1u);
+    EXPECT_EQ(modules[0].entries[0].name, "r");
+    EXPECT_EQ(modules[1].name, "inner");
+    EXPECT_EQ(modules[2].name, "real");
+}
+
+TEST(DocFromDirectory, EachModuleKeepsTheFilePathItWasReadFrom) {
+    ScratchDirectory scratch("paths");
+    scratch.write("sub/one.quor", "fn one() {}\n");
+    std::vector<DocModule> modules = generator().extractModulesFromDirectory(scratch.root.string());
+    ASSERT_EQ(modules.size(), 1u);
+    EXPECT_EQ(modules[0].path, (scratch.root / "sub" / "one.quor").string());
+}
+
+TEST(DocFromFile, EmptyFileGivesModuleNamedByItsStem) {
+    ScratchDirectory scratch("emptyfile");
+    scratch.write("blank.quor", "");
+    DocModule module = generator().extractModuleFromFile((scratch.root / "blank.quor").string());
+    EXPECT_EQ(module.name, "blank");
+    EXPECT_TRUE(module.entries.empty());
+}
