@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "parser/ParserTestSupport.h"
@@ -121,6 +122,46 @@ TEST(GenericCallParse, PlainCallHasNoTypeArguments) {
     EXPECT_TRUE(call.typeArgs.empty());
     EXPECT_EQ(call.args.size(), 2u);
     EXPECT_EQ(call.location.column, 2u);  // at the "("
+}
+
+TEST(GenericCallParse, CallStandsAtTheLessAndKeepsItsArguments) {
+    ParseRun run("make <int, string[]?>(1, x)");
+    auto expr = run.expression();
+    ASSERT_EQ(expr->nodeKind, quor::ast::NodeKind::CallExpr);
+    const auto& call = static_cast<const quor::ast::CallExpr&>(*expr);
+    EXPECT_EQ(call.location.column, 6u);  // at the "<"
+    EXPECT_EQ(call.typeArgs, (std::vector<std::string>{"int", "string[]?"}));
+    EXPECT_EQ(show(expr.get()), "(call make <int, string[]?> 1 x)");
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
+TEST(GenericCallParse, GenericCallTakesFurtherPostfixOperators) {
+    EXPECT_EQ(showExpression("a.f<T>(1).g"), "(. (call (. a f) <T> 1) g)");
+    EXPECT_EQ(showExpression("-f<T>()"), "(- (call f <T>))");
+}
+
+TEST(GenericCallParse, TypeArgumentWithoutHeadIsReportedInsideTheCall) {
+    ParseRun run("f<int, >(1)");
+    auto expr = run.expression();
+    EXPECT_EQ(show(expr.get()), "(call f <int, unknown> 1)");
+    ASSERT_EQ(run.diagnostics().size(), 1u);
+    EXPECT_EQ(run.diagnostics()[0].message, "Expected type name");
+    EXPECT_EQ(run.diagnostics()[0].location.column, 8u);
+}
+
+TEST(GenericCallParse, MissingCommaBetweenTypeArgumentsReportsBothClosers) {
+    // The lookahead accepts "int int"; the type list stops after the first,
+    // so neither '>' nor '(' is where the call expects it.
+    ParseRun run("f<int int>(1)");
+    auto expr = run.expression();
+    std::vector<std::string> expected{"Expected '>' after generic type arguments",
+                                      "Expected '(' after generic type arguments in call",
+                                      "Expected ')' after argument list"};
+    EXPECT_EQ(run.messages(), expected);
+    EXPECT_EQ(run.diagnostics()[0].location.column, 7u);
+    EXPECT_EQ(run.diagnostics()[1].location.column, 7u);
+    EXPECT_EQ(run.diagnostics()[2].location.column, 14u);
+    EXPECT_EQ(show(expr.get()), "(call f <int> (> int 1))");
 }
 
 }  // namespace
