@@ -13,6 +13,6 @@ run_leg() {
   ctest --test-dir "$dir" --output-on-failure -j "$jobs"
 }
 
-run_leg build/release -DCMAKE_BUILD_TYPE=Release
+run_leg build/release -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=ON
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
-  run_leg build/sanitize -DCMAKE_BUILD_TYPE=Debug -DQUOR_SANITIZE=ON
+  run_leg build/sanitize -DCMAKE_BUILD_TYPE=Debug -DQUOR_SANITIZE=ON -DQUOR_BUILD_TESTS=ON
