@@ -127,10 +127,15 @@ std::unique_ptr<ast::StructDecl> Parser::parseStructDecl(std::string visibility)
     std::vector<std::unique_ptr<ast::VarDeclStmt>> fields;
     while (!isAtEnd() && !check(TokenType::RightBrace)) {
         const auto before = current;
-        fields.push_back(parseStructField());
-        // A stray token (as the `=` of `int x = 1;`) starts no field and would
-        // stand for ever: it costs its reports once and is skipped.
-        if (current == before) advance();
+        auto field = parseStructField();
+        if (current == before) {
+            // A stray token (as the `=` of `int x = 1;`) starts no field and
+            // would stand for ever: it costs its reports once, is skipped, and
+            // the empty field read from nothing is not kept.
+            advance();
+            continue;
+        }
+        fields.push_back(std::move(field));
     }
     consume(TokenType::RightBrace, "Expected '}' at end of struct body");
     return std::make_unique<ast::StructDecl>(std::move(name), std::move(fields), std::move(visibility),
