@@ -133,3 +133,18 @@ TEST_F(DefinitionTest, AnsweredThroughDispatch) {
                   R"({"id":"d","method":"textDocument/definition","params":{"textDocument":{"uri":"file:///work/def.quor"},"position":{"line":1,"character":0}}})"),
               std::string(R"({"id":"d","jsonrpc":"2.0","result":)") + location(0, 1) + "}");
 }
+
+TEST_F(DefinitionTest, ImportedNameGivesNullEvenWhenCalled) {
+    server.openDocument(URI, "import std.io.println;\nprintln(1);\n");
+    EXPECT_TRUE(define(1, 2).isNull());
+}
+
+TEST_F(DefinitionTest, DeclarationOnTheFirstLineStartsAtLineZero) {
+    server.openDocument(URI, "fn first() {}\nfirst();\n");
+    EXPECT_EQ(define(1, 5).serialize(), location(0, 5));
+}
+
+TEST_F(DefinitionTest, ClassFieldIsFoundFromAMemberAccess) {
+    server.openDocument(URI, "\n\nclass Box {\n    let width: int = 0;\n}\nb.width;\n");
+    EXPECT_EQ(define(5, 4).serialize(), location(3, 5));
+}

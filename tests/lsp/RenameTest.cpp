@@ -136,3 +136,39 @@ TEST_F(RenameTest, AnsweredThroughDispatch) {
                   R"({"id":2,"method":"textDocument/rename","params":{"textDocument":{"uri":"file:///work/ren.quor"},"position":{"line":0,"character":0},"newName":"y"}})"),
               std::string(R"({"id":2,"jsonrpc":"2.0","result":)") + changes(edit(0, 0, 1, "y")) + "}");
 }
+
+TEST_F(RenameTest, InterpolatedNameInsideAStringIsNoIdentifierToken) {
+    server.openDocument(URI, "let n = 1;\nprint(\"${n}\");\n");
+    EXPECT_EQ(rename(0, 4, R"("m")").serialize(), changes(edit(0, 4, 5, "m")));
+}
+
+TEST_F(RenameTest, CursorDirectlyBehindTheWordFindsIt) {
+    server.openDocument(URI, "foo;\nfoo = 2;\n");
+    std::string expected = edit(0, 0, 3, "bar");
+    expected.append(",").append(edit(1, 0, 3, "bar"));
+    EXPECT_EQ(rename(0, 3, R"("bar")").serialize(), changes(expected));
+}
+
+TEST_F(RenameTest, TypeKeywordUnderCursorGivesEmptyArray) {
+    server.openDocument(URI, "int x = 1;\n");
+    EXPECT_EQ(rename(0, 1, R"("z")").serialize(), R"({"changes":{"file:///work/ren.quor":[]}})");
+}
+
+TEST_F(RenameTest, NewNameMayBeAKeyword) {
+    server.openDocument(URI, "value;\n");
+    EXPECT_EQ(rename(0, 2, R"("while")").serialize(), changes(edit(0, 0, 5, "while")));
+}
+
+TEST(RenameUriKey, UriIsWrittenRawAsTheObjectKey) {
+    std::istringstream in;
+    std::ostringstream out;
+    LspServer server{in, out};
+    const std::string uri = "file:///my%20dir/a\\b.quor";
+    server.openDocument(uri, "a;\n");
+    std::string params = R"({"textDocument":{"uri":"file:///my%20dir/a\\b.quor"},)";
+    params.append(R"("position":{"line":0,"character":0},"newName":"z"})");
+    JsonValue result = server.handleRename(JsonValue(1), parse(params));
+    EXPECT_EQ(result.serialize(),
+              R"({"changes":{"file:///my%20dir/a\b.quor":[{"newText":"z","range":{"end":{"character":1,"line":0},)"
+              R"("start":{"character":0,"line":0}}}]}})");
+}
