@@ -103,3 +103,22 @@ TEST(FormattingE2E, FormattingAfterAChangeUsesTheNewText) {
     expectCleanExit(result);
     EXPECT_EQ(formattingAnswer(result), answerWithEdit(0, 5, R"("a = -b;\n")"));
 }
+
+TEST(FormattingE2E, MultiLineProgramWithCarriageReturns) {
+    // A line comment runs up to the line feed, so the carriage return before
+    // it stays in the comment's text; everywhere else it is white space.
+    ProcessResult result = runServer(session(
+        "file:///main.quor",
+        R"("/// Entry.\r\nfn main() {\r\n  let n = s?.name() ?? \"none\"; // who\r\n  for(var i=0;i<3;i++){ print(-i); }\r\n}\r")",
+        DEFAULT_OPTIONS));
+    expectCleanExit(result);
+    EXPECT_EQ(formattingAnswer(result),
+              answerWithEdit(4, 2,
+                             R"("/// Entry.\r\nfn main() {\n    let n = s?.name() ?? none;\n    // who\r\n    for (var i = 0; i < 3; i++) {\n        print(-i);\n    }\n}\n")"));
+}
+
+TEST(FormattingE2E, EndCharacterCountsBytes) {
+    ProcessResult result = runServer(session("file:///main.quor", "\"x;\\n// \xC3\xA9\xC3\xA9\"", DEFAULT_OPTIONS));
+    expectCleanExit(result);
+    EXPECT_EQ(formattingAnswer(result), answerWithEdit(1, 7, "\"x;\\n// \xC3\xA9\xC3\xA9\\n\""));
+}

@@ -55,3 +55,13 @@ TEST(FormatterComments, CommentAfterASpaceGetsNoSecondSpace) {
     // Inside a for header ";" leaves a space behind it.
     EXPECT_EQ(formatSource("for(a; // c\nb)"), "for (a; // c\nb)\n");
 }
+
+TEST(FormatterComments, CarriageReturnBeforeLineFeedStaysInALineComment) {
+    // The comment runs up to the line feed, so the carriage return is part of
+    // its text and is written back; the one behind `x;` is white space.
+    EXPECT_EQ(formatSource("// c\r\nx;\r\n/// d\r\n"), "// c\r\nx;\n/// d\r\n");
+}
+
+TEST(FormatterComments, BlockCommentKeepsItsCarriageReturns) {
+    EXPECT_EQ(formatSource("/* a\r\n b */\r\nx;"), "/* a\r\n b */\n\nx;\n");
+}

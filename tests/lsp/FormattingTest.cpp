@@ -59,6 +59,59 @@ TEST_F(FormattingTest, EndCharacterCountsBytesBehindTheLastLineFeed) {
     EXPECT_EQ(format("file:///a.quor").serialize(), edit(1, 6, R"("x;\ny;\n")"));
 }
 
+TEST_F(FormattingTest, TextWithoutFinalLineFeedEndsBehindItsLastLine) {
+    server.openDocument("file:///a.quor", "a;\nbc");
+    EXPECT_EQ(format("file:///a.quor").serialize(), edit(1, 2, R"("a;\nbc\n")"));
+}
+
+TEST_F(FormattingTest, TrailingCarriageReturnCountsAsACharacter) {
+    // Only a line feed starts a line; a carriage return is one more byte.
+    server.openDocument("file:///a.quor", "a\r");
+    EXPECT_EQ(format("file:///a.quor").serialize(), edit(0, 2, R"("a\n")"));
+}
+
+TEST_F(FormattingTest, CarriageReturnLineFeedEndsTheLineAtTheLineFeed) {
+    server.openDocument("file:///a.quor", "a;\r\nb;\r\n");
+    EXPECT_EQ(format("file:///a.quor").serialize(), edit(2, 0, R"("a;\nb;\n")"));
+}
+
+TEST_F(FormattingTest, LoneCarriageReturnsDoNotStartLines) {
+    server.openDocument("file:///a.quor", "a;\rb;\r");
+    EXPECT_EQ(format("file:///a.quor").serialize(), edit(0, 6, R"("a;\nb;\n")"));
+}
+
+TEST_F(FormattingTest, EndCharacterCountsBytesNotCharacters) {
+    // A two-byte character inside a comment counts as two.
+    server.openDocument("file:///a.quor", "// \xC3\xA9");
+    EXPECT_EQ(format("file:///a.quor").serialize(), edit(0, 5, "\"// \xC3\xA9\\n\""));
+}
+
+TEST_F(FormattingTest, WhitespaceOnlyDocumentIsReplacedByNothing) {
+    server.openDocument("file:///a.quor", "  \n\t\n");
+    EXPECT_EQ(format("file:///a.quor").serialize(), edit(2, 0, R"("")"));
+}
+
+TEST_F(FormattingTest, MissingOptionsChangeNothing) {
+    server.openDocument("file:///a.quor", "{x;}");
+    EXPECT_EQ(server.handleFormatting(JsonValue(1), parse(R"({"textDocument":{"uri":"file:///a.quor"}})")).serialize(),
+              edit(0, 4, R"("{\n    x;\n}\n")"));
+}
+
+TEST_F(FormattingTest, RequestIdIsNotUsed) {
+    server.openDocument("file:///a.quor", "a");
+    const JsonValue params = parse(R"({"textDocument":{"uri":"file:///a.quor"}})");
+    const std::string expected = edit(0, 1, R"("a\n")");
+    EXPECT_EQ(server.handleFormatting(JsonValue("x"), params).serialize(), expected);
+    EXPECT_EQ(server.handleFormatting(JsonValue(), params).serialize(), expected);
+}
+
+TEST_F(FormattingTest, MultiLineProgramIsFormattedWithFourSpaces) {
+    server.openDocument("file:///a.quor", "fn main() {\n\tvar i = 0;\n\n\n\twhile(i<3){i++;}\n}");
+    EXPECT_EQ(format("file:///a.quor").serialize(),
+              edit(5, 1,
+                   R"("fn main() {\n    var i = 0;\n\n    while (i < 3) {\n        i++;\n    }\n}\n")"));
+}
+
 TEST_F(FormattingTest, UnknownDocumentGivesEmptyArray) {
     JsonValue result = format("file:///missing.quor");
     EXPECT_TRUE(result.isArray());
