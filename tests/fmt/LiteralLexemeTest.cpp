@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "fmt/FormatTestSupport.h"
 
 using quor::fmt::testing::formatSource;
@@ -33,4 +35,17 @@ TEST(FormatterLiterals, NumbersKeepTheirSourceText) {
 
 TEST(FormatterLiterals, BooleansAndNullKeepTheirWords) {
     EXPECT_EQ(formatSource("f(true,false,null);"), "f(true, false, null);\n");
+}
+
+TEST(FormatterLiterals, NullEscapeIsWrittenAsAZeroByte) {
+    EXPECT_EQ(formatSource("c = '\\0';"), std::string("c = \0;\n", 7));
+    EXPECT_EQ(formatSource("s = \"a\\0b\";"), std::string("s = a\0b;\n", 9));
+}
+
+TEST(FormatterLiterals, UnicodeEscapeIsWrittenAsUtf8) {
+    EXPECT_EQ(formatSource("s = \"\\u0041\\u00e9\";"), "s = A\xC3\xA9;\n");
+}
+
+TEST(FormatterLiterals, InterpolationTextStaysAsItStands) {
+    EXPECT_EQ(formatSource("print(\"n = ${ n + 1 }\");"), "print(n = ${ n + 1 });\n");
 }
