@@ -55,3 +55,15 @@ TEST(FormatterLineStart, ClosingBraceBeforeKeywordOtherThanElseCatchFinallyEndsT
 TEST(FormatterLineStart, ClosingBraceBeforeClosingBracketEndsTheLine) {
     EXPECT_EQ(formatSource("[{}]"), "[ {\n}\n]\n");
 }
+
+TEST(FormatterLineStart, EmptyStringFirstLeavesTheOutputEmpty) {
+    // Nothing is written for the literal, so what follows sees an empty output.
+    EXPECT_EQ(formatSource("\"\" // c"), "// c\n");
+    EXPECT_EQ(formatSource("\"\"{"), "{\n");
+    EXPECT_EQ(formatSource("\"\" + b"), "+ b\n");
+    EXPECT_EQ(formatSource("\"\"}"), "\n}\n");
+}
+
+TEST(FormatterLineStart, BlankLineInsideAForHeaderKeepsTheSpaceBehindTheSemicolon) {
+    EXPECT_EQ(formatSource("for(a;\n\n\nb;c)"), "for (a; \n\nb; c)\n");
+}
