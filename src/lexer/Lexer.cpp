@@ -145,6 +145,9 @@ Token Lexer::scanToken(char first) {
 
 std::vector<Token> Lexer::tokenizeAll() {
     std::vector<Token> tokens;
+    // Real sources average well over four bytes a token; reserving up front
+    // spares the vector its regrowth copies on large documents.
+    tokens.reserve(source.size() / 4 + 1);
     for (;;) {
         tokens.push_back(nextToken());
         if (tokens.back().type == TokenType::EndOfFile) {
