@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::string_view SYNTAX_ERROR_CODE = "E1000";
 
+// Deepest recursion the grammar allows. Far beyond any written program, and
+// well inside the stack of the parser and of the stages that walk the tree.
+constexpr std::uint32_t MAX_NESTING = 1500;
+
 struct PrecedenceEntry {
     TokenType type;
     Precedence precedence;
@@ -180,6 +184,16 @@ Precedence Parser::getPrecedence(TokenType type) const {
     return Precedence::None;
 }
 
+Parser::NestingScope::NestingScope(Parser& parser) : parser(parser) {
+    if (parser.nesting >= MAX_NESTING) {
+        parser.errorAt(parser.peek(), "Source nested too deeply");
+        throw NestingLimitExceeded();
+    }
+    ++parser.nesting;
+}
+
+Parser::NestingScope::~NestingScope() { --parser.nesting; }
+
 std::unique_ptr<ast::Program> Parser::parseProgram() {
     diagnostics::SourceLocation location = peek().location;
     std::vector<ast::NodePtr> declarations;
@@ -189,8 +203,9 @@ std::unique_ptr<ast::Program> Parser::parseProgram() {
             ast::StmtPtr declaration = parseDeclaration();
             if (declaration) declarations.push_back(std::move(declaration));
         } catch (...) {
-            // A failure from below the grammar (memory, string length):
-            // drop the partial declaration and resume at the next one.
+            // A failure from below the grammar (memory, string length,
+            // nesting beyond the recursion budget): drop the partial
+            // declaration and resume at the next one.
             synchronize();
         }
     }

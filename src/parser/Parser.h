@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -83,6 +84,21 @@ private:
     static const lexer::Token& eofToken();
     static const lexer::Token& errorToken();
 
+    // One level of grammar recursion, counted for as long as it lives. A
+    // source nested deeper than the stack can bear is given up on: the
+    // place is reported once and NestingLimitExceeded is thrown, which the
+    // guard of parseProgram catches like any other resource failure.
+    class NestingScope {
+    public:
+        explicit NestingScope(Parser& parser);
+        NestingScope(const NestingScope&) = delete;
+        NestingScope& operator=(const NestingScope&) = delete;
+        ~NestingScope();
+
+    private:
+        Parser& parser;
+    };
+
     // ---- Expressions (ParserExpressions.cpp) ----
     std::unique_ptr<ast::ExpressionNode> parsePrefix();
     std::unique_ptr<ast::ExpressionNode> parsePrefixOperator();
@@ -163,6 +179,12 @@ private:
     std::uint64_t current = 0;
     std::string filename;
     diagnostics::DiagnosticEngine* diagnostics;
+    std::uint32_t nesting = 0;  // live NestingScope objects
+};
+
+// Thrown when the source nests deeper than the parser's recursion budget.
+struct NestingLimitExceeded : std::exception {
+    const char* what() const noexcept override { return "nesting limit exceeded"; }
 };
 
 }  // namespace quor::parser

@@ -62,6 +62,7 @@ constexpr std::string_view EXPECTED_EXPRESSION = "Expected expression, found: ";
 }  // namespace
 
 ExprPtr Parser::parseExpression(Precedence minimum) {
+    NestingScope scope(*this);
     ExprPtr left = parsePrefix();
     if (!left) return nullptr;
     while (getPrecedence(peek().type) >= minimum) {

@@ -15,6 +15,7 @@ constexpr std::string_view UNKNOWN_TYPE = "unknown";
 }  // namespace
 
 std::string Parser::parseType() {
+    NestingScope scope(*this);
     if (!isTypeKeyword(peek().type) && !check(TokenType::Identifier)) {
         errorAt(peek(), "Expected type name");
         return std::string(UNKNOWN_TYPE);

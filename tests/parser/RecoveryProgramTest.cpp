@@ -129,4 +129,61 @@ TEST(RecoveryProgram, LongFlatInputFinishes) {
     EXPECT_TRUE(run.diagnostics().empty());
 }
 
+std::string nested(int depth, const char* open, const char* inner, const char* close) {
+    std::string text;
+    for (int i = 0; i < depth; ++i) text.append(open);
+    text.append(inner);
+    for (int i = 0; i < depth; ++i) text.append(close);
+    return text;
+}
+
+TEST(RecoveryProgram, DeepButReasonableNestingParsesWithoutReports) {
+    std::string source = "fn main() { x = ";
+    source.append(nested(1000, "(", "1", ")"));
+    source.append("; y = ");
+    source.append(nested(1000, "-", "1", ""));
+    source.append("; List<");
+    source.append(nested(200, "List<", "int", "> "));
+    source.append("> z; }");
+    ParseRun run(source);
+    auto program = run.program();
+    EXPECT_EQ(program->declarations.size(), 1u);
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
+TEST(RecoveryProgram, NestingBeyondTheBudgetIsReportedOnceAndTheNextDeclarationSurvives) {
+    const std::string shapes[] = {
+        nested(100000, "(", "1", ")"),
+        nested(100000, "[", "1", "]"),
+        nested(100000, "-", "1", ""),
+        nested(100000, "a = ", "1", ""),
+    };
+    for (const std::string& shape : shapes) {
+        std::string source = "x = ";
+        source.append(shape);
+        source.append(";\nfn after() {}");
+        ParseRun run(source);
+        auto program = run.program();
+        ASSERT_EQ(run.diagnostics().size(), 1u);
+        EXPECT_EQ(run.diagnostics()[0].code, "E1000");
+        EXPECT_EQ(run.diagnostics()[0].message, "Source nested too deeply");
+        EXPECT_EQ(run.diagnostics()[0].hint, "");
+        EXPECT_EQ(run.diagnostics()[0].location.line, 1u);
+        ASSERT_EQ(program->declarations.size(), 1u);
+        EXPECT_EQ(program->declarations[0]->nodeKind, NodeKind::FunctionDecl);
+    }
+}
+
+TEST(RecoveryProgram, TypeNestedBeyondTheBudgetIsReportedOnce) {
+    std::string source = "fn f(";
+    source.append(nested(100000, "List<", "int", "> "));
+    source.append(" a) {}\nfn after() {}");
+    ParseRun run(source);
+    auto program = run.program();
+    ASSERT_EQ(run.diagnostics().size(), 1u);
+    EXPECT_EQ(run.diagnostics()[0].message, "Source nested too deeply");
+    ASSERT_FALSE(program->declarations.empty());
+    EXPECT_EQ(program->declarations.back()->nodeKind, NodeKind::FunctionDecl);
+}
+
 }  // namespace
