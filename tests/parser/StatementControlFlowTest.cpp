@@ -196,6 +196,24 @@ TEST(StatementForIn, GenericTypeIsNoForInHeader) {
     EXPECT_FALSE(p.run.diagnostics().empty());
 }
 
+TEST(StatementForIn, HeadThatIsNoTypeStillNamesTheVariableBehindIt) {
+    // `const x in a` has the shape of a typed for-in header; the head is no
+    // type, so it is reported and the loop variable is still `x`.
+    Parsed<ast::ForInStmt> p("for (const x in a) {}");
+    ASSERT_NE(p.get(), nullptr);
+    EXPECT_EQ(p.get()->varName, "x");
+    EXPECT_EQ(p.get()->varType, "unknown");
+    EXPECT_EQ(show(p.get()->iterable.get()), "a");
+    ASSERT_EQ(p.run.diagnostics().size(), 1u);
+    expectReport(p.run.diagnostics()[0], "Expected type name", 1, 6);
+}
+
+TEST(StatementForIn, InAsAStringIsNoForInWord) {
+    Parsed<ast::ForStmt> p("for (var i \"in\" a) {}");
+    EXPECT_NE(p.get(), nullptr);
+    EXPECT_FALSE(p.run.diagnostics().empty());
+}
+
 TEST(StatementForIn, InStaysUsableAsAName) {
     ParseRun run("{ var in = 1; in = in + 1; int x = in; }");
     auto stmt = run.access().parseStatement();
