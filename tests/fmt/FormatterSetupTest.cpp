@@ -76,3 +76,15 @@ TEST(FormatterIsFormatted, TextTheScannerRejectsCountsAsFormatted) {
 TEST(FormatterIsFormatted, WhitespaceOnlyTextIsNotFormatted) {
     EXPECT_FALSE(Formatter(serverOptions()).isFormatted("\n"));
 }
+
+TEST(FormatterSetup, UnclosedCharacterLiteralReturnsSourceUnchanged) {
+    EXPECT_EQ(formatSource("c =  'ab';"), "c =  'ab';");
+}
+
+TEST(FormatterSetup, BadUnicodeEscapeReturnsSourceUnchanged) {
+    EXPECT_EQ(formatSource("s =  \"\\u12\";"), "s =  \"\\u12\";");
+}
+
+TEST(FormatterSetup, StringBrokenByLineFeedReturnsSourceUnchanged) {
+    EXPECT_EQ(formatSource("s = \"a\nb\";\n"), "s = \"a\nb\";\n");
+}
