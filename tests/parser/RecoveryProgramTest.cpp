@@ -186,4 +186,20 @@ TEST(RecoveryProgram, TypeNestedBeyondTheBudgetIsReportedOnce) {
     EXPECT_EQ(program->declarations.back()->nodeKind, NodeKind::FunctionDecl);
 }
 
+TEST(RecoveryProgram, NestingInsideAnInterpolationCountsOnTopOfTheEnclosingOne) {
+    std::string source = "x = ";
+    source.append(nested(1000, "(", "\"${", ""));
+    source.append(nested(1000, "(", "1", ")"));
+    source.append("}\"");
+    source.append(nested(1000, ")", "", ""));
+    source.append(";\nfn after() {}");
+    ParseRun run(source);
+    auto program = run.program();
+    ASSERT_EQ(run.diagnostics().size(), 1u);
+    EXPECT_EQ(run.diagnostics()[0].message, "Source nested too deeply");
+    EXPECT_EQ(run.diagnostics()[0].location.file, "<anonymous>");
+    ASSERT_EQ(program->declarations.size(), 1u);
+    EXPECT_EQ(program->declarations[0]->nodeKind, NodeKind::FunctionDecl);
+}
+
 }  // namespace
