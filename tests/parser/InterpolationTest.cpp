@@ -225,4 +225,16 @@ TEST(Interpolation, TreeKeepsItsStringsAfterThePieceTokensAreGone) {
     EXPECT_EQ(show(expr.get()), "(+ \"\" someName)");
 }
 
+TEST(Interpolation, LeadingPieceThatIsItselfAStringNeedsNoEmptyStringInFront) {
+    ParseRun run("\"${\\\"s\\\"}\"");
+    auto expr = run.expression();
+    const LiteralExpr& literal = asStringLiteral(expr.get());
+    EXPECT_EQ(literal.value, "s");
+    EXPECT_EQ(literal.location.file, "<anonymous>");
+    EXPECT_EQ(literal.location.column, 1u);
+    EXPECT_EQ(showExpression("\"${\\\"s\\\"}x\""), "(+ \"s\" \"x\")");
+    EXPECT_EQ(showExpression("\"${1}\""), "(+ \"\" 1)");
+    EXPECT_EQ(showExpression("\"${'c'}\""), "(+ \"\" 'c')");
+}
+
 }  // namespace
