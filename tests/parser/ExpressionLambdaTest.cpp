@@ -115,7 +115,7 @@ TEST(ExpressionLambda, ClassTypedParameterCannotBeWritten) {
     EXPECT_EQ(run.diagnostics()[0].location.column, 8u);  // at "p"
 }
 
-TEST(ExpressionLambda, ReportsOfTheSpeculativeAttemptStayAfterTheRewind) {
+TEST(ExpressionLambda, ReportsOfTheTentativeLambdaReadingStayAfterTheRewind) {
     // The attempt reads "int<" as the start of a generic type, fails on the
     // number and reports twice; the rewind then parses "int < 5" as a
     // comparison without complaint.
