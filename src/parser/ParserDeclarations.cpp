@@ -52,6 +52,8 @@ bool isOneOf(TokenType kind, const std::array<TokenType, N>& kinds) {
 }  // namespace
 
 std::unique_ptr<ast::StatementNode> Parser::parseDeclaration() {
+    // Class bodies and extern blocks nest declarations through here.
+    NestingScope scope(*this);
     Modifiers modifiers = parseModifiers();
 
     switch (peek().type) {

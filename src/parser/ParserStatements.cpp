@@ -81,6 +81,9 @@ std::unique_ptr<ast::StatementNode> Parser::parseStatement() {
         {TokenType::Throw, &Parser::parseThrowStatement},
     }};
 
+    // Blocks and branches nest through here; deep nesting is bounded like
+    // nested expressions.
+    NestingScope scope(*this);
     if (check(TokenType::LeftBrace)) return parseBlock();
     if (match(TokenType::Var) || match(TokenType::Let)) return parseVarDecl(false, true);
     if (match(TokenType::Const)) return parseVarDecl(true, false);

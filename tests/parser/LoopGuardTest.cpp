@@ -305,5 +305,49 @@ TEST(LoopGuard, StrayTokenPairsInsideEveryLoopTerminate) {
     }
 }
 
+// Nesting far deeper than any written program is reported and given up on
+// instead of exhausting the stack; the parse still ends with a program.
+TEST(LoopGuard, DeeplyNestedBlocksEndWithAReport) {
+    const std::size_t depth = 20000;
+    std::string source(depth, '{');
+    source.append(depth, '}');
+    ParseRun run(source);
+    auto program = run.program();
+    ASSERT_NE(program, nullptr);
+    ASSERT_FALSE(run.diagnostics().empty());
+    EXPECT_EQ(run.diagnostics()[0].message, "Source nested too deeply");
+}
+
+TEST(LoopGuard, DeeplyNestedIfStatementsEndWithAReport) {
+    std::string source;
+    for (int i = 0; i < 3000; ++i) source.append("if (a) ");
+    source.append("b;");
+    ParseRun run(source);
+    auto program = run.program();
+    ASSERT_NE(program, nullptr);
+    ASSERT_FALSE(run.diagnostics().empty());
+    EXPECT_EQ(run.diagnostics()[0].message, "Source nested too deeply");
+}
+
+TEST(LoopGuard, DeeplyNestedClassesEndWithAReport) {
+    std::string source;
+    for (int i = 0; i < 3000; ++i) source.append("class A { ");
+    ParseRun run(source);
+    auto program = run.program();
+    ASSERT_NE(program, nullptr);
+    ASSERT_FALSE(run.diagnostics().empty());
+}
+
+TEST(LoopGuard, OrdinaryNestingIsUntouched) {
+    std::string source = "fn f() ";
+    for (int i = 0; i < 100; ++i) source.append("{ if (a) ");
+    source.append("b;");
+    for (int i = 0; i < 100; ++i) source.append(" }");
+    ParseRun run(source);
+    auto program = run.program();
+    ASSERT_EQ(program->declarations.size(), 1u);
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
 }  // namespace
 }  // namespace quor::parser::testing
