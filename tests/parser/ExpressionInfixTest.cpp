@@ -162,4 +162,13 @@ TEST(ExpressionInfix, GenericCallWithUnclosedArgumentListReportsItsOwnMessages) 
     EXPECT_EQ(run.messages(), Messages{"Expected ')' after argument list"});
 }
 
+TEST(ExpressionInfix, MiddleOfATernaryIsAFullExpression) {
+    EXPECT_EQ(showExpression("a ? b = c : d"), "(? a (= b c) d)");
+    EXPECT_EQ(showExpression("a ? b ? c : d : e"), "(? a (? b c d) e)");
+}
+
+TEST(ExpressionInfix, PostfixOperatorsChainLeftToRight) {
+    EXPECT_EQ(showExpression("a.b[c](d)?.e++"), "((?. (call ([] (. a b) c) d) e) ++)");
+}
+
 }  // namespace

@@ -143,4 +143,30 @@ TEST(ExpressionLambda, MissingBodyIsNull) {
     EXPECT_EQ(run.messages(), Messages{"Expected expression, found: "});
 }
 
+TEST(ExpressionLambda, LambdaWithoutParametersStandsAtTheOpeningParenthesis) {
+    ParseRun run("  () => {}");
+    auto expr = run.expression();
+    const LambdaExpr& lambda = asLambda(expr);
+    EXPECT_EQ(lambda.location.column, 3u);
+    ASSERT_NE(lambda.body, nullptr);
+    EXPECT_EQ(lambda.body->nodeKind, NodeKind::BlockStmt);
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
+TEST(ExpressionLambda, SingleParameterLambdaInsideParentheses) {
+    ParseRun run("(x => 1)");
+    auto expr = run.expression();
+    EXPECT_EQ(show(expr.get()), "(lambda (x) 1)");
+    EXPECT_EQ(expr->location.column, 2u);  // the identifier
+    EXPECT_TRUE(run.diagnostics().empty());
+}
+
+TEST(ExpressionLambda, TypedParameterWithoutArrowIsReadAgainAsAnExpression) {
+    ParseRun run("(int x)");
+    auto expr = run.expression();
+    EXPECT_EQ(show(expr.get()), "int");
+    EXPECT_EQ(run.messages(), Messages{"Expected ')' after expression"});
+    EXPECT_EQ(run.diagnostics()[0].location.column, 6u);  // at "x"
+}
+
 }  // namespace
