@@ -226,7 +226,7 @@ TEST(StatementTieBreak, KeywordUsedAsValueRewinds) {
 }
 
 TEST(StatementTieBreak, LeadingComparisonKeepsTheReportsOfTheTypeAttempt) {
-    // The speculative type read of `a < 5` fails on the number; its reports
+    // The tentative type read of `a < 5` fails on the number; its reports
     // stay after the rewind, and the statement is the comparison.
     ParseRun run("a < 5;");
     auto stmt = run.access().parseStatement();
