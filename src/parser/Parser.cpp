@@ -3,7 +3,11 @@
 // the top level with its last-resort recovery.
 #include "parser/Parser.h"
 
+#include <pthread.h>
+
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <utility>
 
 namespace quor::parser {
@@ -15,9 +19,41 @@ namespace {
 
 constexpr std::string_view SYNTAX_ERROR_CODE = "E1000";
 
-// Deepest recursion the grammar allows. Far beyond any written program, and
-// well inside the stack of the parser and of the stages that walk the tree.
-constexpr std::uint32_t MAX_NESTING = 1500;
+// Stack kept free below the deepest grammar level: room for the frames
+// between two checks, the report and the unwinding of the exception.
+constexpr std::uintptr_t STACK_RESERVE = std::uintptr_t{1} << 20;
+
+// Most stack the grammar may use below the frame that first parses on a
+// thread, however large that thread's stack: far beyond any written
+// program, while absurd input is given up on before it costs much memory.
+constexpr std::uintptr_t STACK_BUDGET = std::uintptr_t{128} << 20;
+
+// The lowest stack address the grammar may recurse down to on this thread.
+// Reading the thread's stack bounds is costly on the main thread, so it is
+// done once per thread. Where the bounds can't be read, 8 MiB below the
+// current frame is assumed, the usual size of a main thread's stack.
+std::uintptr_t findStackFloor() {
+    auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    std::uintptr_t low = here > (std::uintptr_t{8} << 20) ? here - (std::uintptr_t{8} << 20) : 0;
+    std::uintptr_t size = here - low;
+    pthread_attr_t attributes;
+    if (pthread_getattr_np(pthread_self(), &attributes) == 0) {
+        void* base = nullptr;
+        std::size_t bytes = 0;
+        if (pthread_attr_getstack(&attributes, &base, &bytes) == 0 && base != nullptr) {
+            low = reinterpret_cast<std::uintptr_t>(base);
+            size = bytes;
+        }
+        pthread_attr_destroy(&attributes);
+    }
+    std::uintptr_t floor = low + std::min(STACK_RESERVE, size / 4);
+    return here > floor + STACK_BUDGET ? here - STACK_BUDGET : floor;
+}
+
+std::uintptr_t stackFloor() {
+    thread_local const std::uintptr_t floor = findStackFloor();
+    return floor;
+}
 
 struct PrecedenceEntry {
     TokenType type;
@@ -86,6 +122,31 @@ bool isTypeArgumentToken(TokenType type) {
     return false;
 }
 
+// Whether each `Less` opens the type arguments of a call. The lookahead
+// from a `Less` counts `<` up and `>` down until its depth returns to 0,
+// fails on any token that can't stand in type arguments or at the end of
+// the vector, and succeeds when `(` follows the closing `>`. That is
+// bracket matching, so one pass with a stack of the `Less` tokens whose
+// lookahead is still running answers every index: a `>` closes the
+// innermost one, and a foreign token fails all that are open.
+std::vector<bool> findGenericCallOpeners(const std::vector<Token>& tokens) {
+    std::vector<bool> opens(tokens.size(), false);
+    std::vector<std::size_t> running;
+    for (std::size_t index = 0; index < tokens.size(); ++index) {
+        TokenType type = tokens[index].type;
+        if (type == TokenType::Less) {
+            running.push_back(index);
+        } else if (type == TokenType::Greater) {
+            if (running.empty()) continue;
+            opens[running.back()] = index + 1 < tokens.size() && tokens[index + 1].type == TokenType::LeftParen;
+            running.pop_back();
+        } else if (!isTypeArgumentToken(type)) {
+            running.clear();
+        }
+    }
+    return opens;
+}
+
 bool isSyncToken(TokenType type) {
     for (TokenType stop : SYNC_TOKENS) {
         if (stop == type) return true;
@@ -96,7 +157,10 @@ bool isSyncToken(TokenType type) {
 }  // namespace
 
 Parser::Parser(const std::vector<Token>& tokens, std::string filename, diagnostics::DiagnosticEngine* diagnostics)
-    : tokens(tokens), filename(std::move(filename)), diagnostics(diagnostics) {}
+    : tokens(tokens),
+      filename(std::move(filename)),
+      diagnostics(diagnostics),
+      genericCallOpeners(findGenericCallOpeners(tokens)) {}
 
 const Token& Parser::eofToken() {
     static const Token token{TokenType::EndOfFile, "", diagnostics::SourceLocation{"<eof>", 0, 0}};
@@ -158,21 +222,7 @@ TokenType Parser::kindAt(std::uint64_t index) const {
 bool Parser::isTypeKeyword(TokenType type) { return lexer::isTokenInRange(type, TokenType::Void, TokenType::Byte); }
 
 bool Parser::isGenericCall(std::uint64_t index) const {
-    if (index >= tokens.size() || tokens[index].type != TokenType::Less || index + 1 >= tokens.size()) return false;
-    std::uint64_t depth = 1;
-    std::uint64_t scan = index + 1;
-    for (; scan < tokens.size(); ++scan) {
-        TokenType type = tokens[scan].type;
-        if (type == TokenType::Less) {
-            ++depth;
-        } else if (type == TokenType::Greater) {
-            if (--depth == 0) break;
-        } else if (!isTypeArgumentToken(type)) {
-            return false;
-        }
-    }
-    if (scan >= tokens.size()) return false;
-    return scan + 1 < tokens.size() && tokens[scan + 1].type == TokenType::LeftParen;
+    return index < genericCallOpeners.size() && genericCallOpeners[index];
 }
 
 Precedence Parser::getPrecedence(TokenType type) const {
@@ -184,15 +234,12 @@ Precedence Parser::getPrecedence(TokenType type) const {
     return Precedence::None;
 }
 
-Parser::NestingScope::NestingScope(Parser& parser) : parser(parser) {
-    if (parser.nesting >= MAX_NESTING) {
+Parser::NestingScope::NestingScope(Parser& parser) {
+    if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < stackFloor()) {
         parser.errorAt(parser.peek(), "Source nested too deeply");
         throw NestingLimitExceeded();
     }
-    ++parser.nesting;
 }
-
-Parser::NestingScope::~NestingScope() { --parser.nesting; }
 
 std::unique_ptr<ast::Program> Parser::parseProgram() {
     diagnostics::SourceLocation location = peek().location;

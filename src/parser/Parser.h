@@ -84,19 +84,16 @@ private:
     static const lexer::Token& eofToken();
     static const lexer::Token& errorToken();
 
-    // One level of grammar recursion, counted for as long as it lives. A
-    // source nested deeper than the stack can bear is given up on: the
-    // place is reported once and NestingLimitExceeded is thrown, which the
-    // guard of parseProgram catches like any other resource failure.
+    // Marks one level of grammar recursion. A source nested deeper than the
+    // thread's stack can bear is given up on: the place is reported once and
+    // NestingLimitExceeded is thrown, which the guard of parseProgram catches
+    // like any other resource failure. The budget is the stack itself, so
+    // the server's large stack parses far deeper than a small one.
     class NestingScope {
     public:
         explicit NestingScope(Parser& parser);
         NestingScope(const NestingScope&) = delete;
         NestingScope& operator=(const NestingScope&) = delete;
-        ~NestingScope();
-
-    private:
-        Parser& parser;
     };
 
     // ---- Expressions (ParserExpressions.cpp) ----
@@ -179,10 +176,12 @@ private:
     std::uint64_t current = 0;
     std::string filename;
     diagnostics::DiagnosticEngine* diagnostics;
-    std::uint32_t nesting = 0;  // live NestingScope objects
+    // isGenericCall's answer for every token index, found in one pass when
+    // the parser is made, so that long runs of `<` cost no rescans.
+    std::vector<bool> genericCallOpeners;
 };
 
-// Thrown when the source nests deeper than the parser's recursion budget.
+// Thrown when the source nests deeper than the stack leaves room for.
 struct NestingLimitExceeded : std::exception {
     const char* what() const noexcept override { return "nesting limit exceeded"; }
 };

@@ -83,7 +83,6 @@ ExprPtr Parser::parseInterpolatedPiece(std::string_view piece) {
     lexer::Lexer scanner(piece, std::string(PIECE_FILE), nullptr);
     std::vector<lexer::Token> pieceTokens = scanner.tokenizeAll();
     Parser nested(pieceTokens, filename, diagnostics);
-    nested.nesting = nesting;  // the piece is parsed on top of the enclosing recursion
     return nested.parseExpression(Precedence::Assignment);
 }
 

@@ -230,3 +230,32 @@ TEST(ServerSession, HalfTypedDocumentsNeverStopTheServer) {
     expectCleanExit(result);
     EXPECT_EQ(splitFramed(result.out).size(), program.size() + 1);
 }
+
+TEST(ServerSession, DeepButFiniteNestingParsesWithoutAReport) {
+    // The server parses on a large stack: thousands of levels are no reason
+    // to give up on a document.
+    const std::size_t depth = 5000;
+    std::string text = "let x = ";
+    text.append(depth, '(').append("1").append(depth, ')').append(";\\nfn f() ");
+    text.append(depth, '{').append(depth, '}');
+    std::string body = R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":")";
+    body.append(text).append(R"("}}})");
+    ProcessResult result = runServer(frame(body));
+    expectCleanExit(result);
+    EXPECT_EQ(result.out,
+              frame(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[],"uri":"u"}})"));
+}
+
+TEST(ServerSession, AbsurdNestingIsReportedOnceAndTheServerGoesOn) {
+    const std::size_t depth = 1000000;
+    std::string text = "let x = ";
+    text.append(depth, '(').append("1").append(depth, ')').append(";");
+    std::string body = R"({"method":"textDocument/didOpen","params":{"textDocument":{"uri":"u","text":")";
+    body.append(text).append(R"("}}})");
+    ProcessResult result = runServer(frame(body) + frame(R"({"id":1,"method":"shutdown"})"));
+    expectCleanExit(result);
+    std::vector<std::string> bodies = splitFramed(result.out);
+    ASSERT_EQ(bodies.size(), 2u);
+    EXPECT_NE(bodies[0].find(R"("message":"Source nested too deeply")"), std::string::npos);
+    EXPECT_EQ(bodies[1], R"({"id":1,"jsonrpc":"2.0","result":null})");
+}

@@ -165,3 +165,57 @@ TEST(GenericCallParse, MissingCommaBetweenTypeArgumentsReportsBothClosers) {
 }
 
 }  // namespace
+
+namespace {
+
+// The lookahead written the plain way: scan from the `<` with a depth count.
+bool scanForGenericCall(const std::vector<Token>& tokens, std::size_t index) {
+    if (index >= tokens.size() || tokens[index].type != TokenType::Less || index + 1 >= tokens.size()) return false;
+    std::size_t depth = 1;
+    for (std::size_t scan = index + 1; scan < tokens.size(); ++scan) {
+        TokenType type = tokens[scan].type;
+        if (type == TokenType::Less) {
+            ++depth;
+        } else if (type == TokenType::Greater) {
+            if (--depth == 0) return scan + 1 < tokens.size() && tokens[scan + 1].type == TokenType::LeftParen;
+        } else if (type != TokenType::Identifier && !quor::parser::ParserTestAccess::isTypeKeyword(type) &&
+                   type != TokenType::LeftBracket && type != TokenType::RightBracket && type != TokenType::Comma &&
+                   type != TokenType::Question) {
+            return false;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(GenericCallLookahead, AgreesWithAPlainScanOnEveryIndexOfRandomSequences) {
+    const char* pieces[] = {"a ", "< ", "> ", "( ", ") ", ", ", "[ ", "] ", "? ", "int ", "1 ", ">> ", "; "};
+    std::uint32_t seed = 12345;
+    for (int round = 0; round < 400; ++round) {
+        std::string source;
+        for (int i = 0; i < 30; ++i) {
+            seed = seed * 1103515245u + 12345u;
+            source += pieces[(seed >> 16) % (sizeof pieces / sizeof pieces[0])];
+        }
+        ParseRun run(source);
+        for (std::size_t index = 0; index < run.tokens.size() + 1; ++index) {
+            EXPECT_EQ(run.access().isGenericCall(index), scanForGenericCall(run.tokens, index))
+                << source << " at " << index;
+        }
+    }
+}
+
+TEST(GenericCallLookahead, LongRunsOfOpenersAreEachAnsweredAlone) {
+    std::string source;
+    for (int i = 0; i < 20000; ++i) source += "a<";
+    source += "b";
+    for (int i = 0; i < 20000; ++i) source += " >";  // apart, or they scan as shifts
+    source += "(1)";
+    ParseRun run(source);
+    // Every `<` closes with the `>`s in reverse order; only the outermost
+    // one has the `(` right behind its `>`.
+    EXPECT_TRUE(run.access().isGenericCall(1));
+    EXPECT_FALSE(run.access().isGenericCall(3));
+    EXPECT_FALSE(run.access().isGenericCall(39999));
+}

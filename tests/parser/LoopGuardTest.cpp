@@ -308,7 +308,7 @@ TEST(LoopGuard, StrayTokenPairsInsideEveryLoopTerminate) {
 // Nesting far deeper than any written program is reported and given up on
 // instead of exhausting the stack; the parse still ends with a program.
 TEST(LoopGuard, DeeplyNestedBlocksEndWithAReport) {
-    const std::size_t depth = 20000;
+    const std::size_t depth = 200000;
     std::string source(depth, '{');
     source.append(depth, '}');
     ParseRun run(source);
@@ -320,7 +320,7 @@ TEST(LoopGuard, DeeplyNestedBlocksEndWithAReport) {
 
 TEST(LoopGuard, DeeplyNestedIfStatementsEndWithAReport) {
     std::string source;
-    for (int i = 0; i < 3000; ++i) source.append("if (a) ");
+    for (int i = 0; i < 200000; ++i) source.append("if (a) ");
     source.append("b;");
     ParseRun run(source);
     auto program = run.program();
@@ -331,7 +331,7 @@ TEST(LoopGuard, DeeplyNestedIfStatementsEndWithAReport) {
 
 TEST(LoopGuard, DeeplyNestedClassesEndWithAReport) {
     std::string source;
-    for (int i = 0; i < 3000; ++i) source.append("class A { ");
+    for (int i = 0; i < 200000; ++i) source.append("class A { ");
     ParseRun run(source);
     auto program = run.program();
     ASSERT_NE(program, nullptr);
