@@ -26,7 +26,7 @@ constexpr std::uintptr_t STACK_RESERVE = std::uintptr_t{1} << 20;
 // Most stack the grammar may use below the frame that first parses on a
 // thread, however large that thread's stack: far beyond any written
 // program, while absurd input is given up on before it costs much memory.
-constexpr std::uintptr_t STACK_BUDGET = std::uintptr_t{128} << 20;
+constexpr std::uintptr_t STACK_BUDGET = std::uintptr_t{32} << 20;
 
 // The lowest stack address the grammar may recurse down to on this thread.
 // Reading the thread's stack bounds is costly on the main thread, so it is
