@@ -10,14 +10,14 @@
 #include <cstdint>
 #include <utility>
 
+#include "diagnostics/DiagnosticCodes.h"
+
 namespace quor::parser {
 
 using lexer::Token;
 using lexer::TokenType;
 
 namespace {
-
-constexpr std::string_view SYNTAX_ERROR_CODE = "E1000";
 
 // Stack kept free below the deepest grammar level: room for the frames
 // between two checks, the report and the unwinding of the exception.
@@ -212,7 +212,7 @@ const Token& Parser::consume(TokenType type, std::string_view message, std::stri
 }
 
 void Parser::errorAt(const Token& token, std::string_view message, std::string_view hint) {
-    if (diagnostics != nullptr) diagnostics->reportError(SYNTAX_ERROR_CODE, message, token.location, hint);
+    if (diagnostics != nullptr) diagnostics->reportError(diagnostics::CODE_SYNTAX, message, token.location, hint);
 }
 
 TokenType Parser::kindAt(std::uint64_t index) const {
