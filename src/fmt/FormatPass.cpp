@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 #include "fmt/SpacingRules.h"
@@ -19,15 +20,18 @@ class FormatPass {
 public:
     FormatPass(const FormatOptions& options, std::size_t capacity) : options(options) { out.reserve(capacity); }
 
-    void run(const std::vector<Token>& tokens) {
+    // False when the output grew past `limit` and the pass stopped.
+    bool run(const std::vector<Token>& tokens, std::size_t limit) {
         for (std::size_t i = 0; i < tokens.size() && tokens[i].type != TokenType::EndOfFile; ++i) {
             const Token* prev = i > 0 ? &tokens[i - 1] : nullptr;
             const Token* next = nullptr;
             if (i + 1 < tokens.size() && tokens[i + 1].type != TokenType::EndOfFile) next = &tokens[i + 1];
             keepBlankLines(tokens[i], prev);
             handle(tokens[i], prev, next);
+            if (out.size() > limit) return false;
         }
         if (!out.empty() && out.back() != '\n') out += '\n';
+        return true;
     }
 
     std::string take() { return std::move(out); }
@@ -178,7 +182,14 @@ private:
 
 std::string formatTokens(const std::vector<Token>& tokens, const FormatOptions& options, std::size_t capacity) {
     FormatPass pass(options, capacity);
-    pass.run(tokens);
+    pass.run(tokens, std::numeric_limits<std::size_t>::max());
+    return pass.take();
+}
+
+std::optional<std::string> formatTokensWithin(const std::vector<Token>& tokens, const FormatOptions& options,
+                                              std::size_t capacity, std::size_t limit) {
+    FormatPass pass(options, capacity);
+    if (!pass.run(tokens, limit)) return std::nullopt;
     return pass.take();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,5 +15,11 @@ namespace quor::fmt {
 // reserved for the output up front.
 std::string formatTokens(const std::vector<lexer::Token>& tokens, const FormatOptions& options,
                          std::size_t capacity);
+
+// The same pass, given up as soon as the output grows past `limit` bytes:
+// deep nesting makes indentation grow with the square of the depth, and a
+// text of absurd size helps no one.
+std::optional<std::string> formatTokensWithin(const std::vector<lexer::Token>& tokens, const FormatOptions& options,
+                                              std::size_t capacity, std::size_t limit);
 
 }  // namespace quor::fmt

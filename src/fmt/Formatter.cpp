@@ -22,7 +22,10 @@ std::string Formatter::format(const std::string& source) const {
 
     // Text the scanner rejects is handed back untouched.
     if (engine.getErrorCount() != 0 || tokens.empty()) return source;
-    return formatTokens(tokens, options, source.size() + 256);
+    // So is text whose formatted form would pass MAX_FORMATTED_SIZE, which
+    // only absurdly deep nesting reaches.
+    std::optional<std::string> formatted = formatTokensWithin(tokens, options, source.size() + 256, MAX_FORMATTED_SIZE);
+    return formatted ? std::move(*formatted) : source;
 }
 
 bool Formatter::isFormatted(const std::string& source) const { return format(source) == source; }
