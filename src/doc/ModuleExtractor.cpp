@@ -22,6 +22,16 @@ DocEntry namedEntry(const std::string& name, DocKind kind, const ast::ASTNode& n
     return entry;
 }
 
+// The head of a class, interface, struct or enum entry: name, kind, place,
+// visibility and signature; the caller attaches the doc block and members.
+template <typename Declaration>
+DocEntry typeEntry(const Declaration& decl, DocKind kind, std::string signature) {
+    DocEntry entry = namedEntry(decl.name, kind, decl);
+    entry.visibility = visibilityOf(decl.visibility);
+    entry.signature = std::move(signature);
+    return entry;
+}
+
 // The fields that every function form shares; the caller sets the signature.
 DocEntry callableEntry(const ast::FunctionDecl& function, DocKind kind) {
     DocEntry entry = namedEntry(function.name, kind, function);
@@ -94,9 +104,7 @@ DocEntry ModuleExtractor::functionEntry(const ast::FunctionDecl& function) {
 }
 
 DocEntry ModuleExtractor::classEntry(const ast::ClassDecl& decl) {
-    DocEntry entry = namedEntry(decl.name, DocKind::Class, decl);
-    entry.visibility = visibilityOf(decl.visibility);
-    entry.signature = classSignature(decl);
+    DocEntry entry = typeEntry(decl, DocKind::Class, classSignature(decl));
     attachDoc(entry);
     for (const ast::NodePtr& member : decl.members) {
         if (!member) continue;
@@ -114,9 +122,7 @@ DocEntry ModuleExtractor::classEntry(const ast::ClassDecl& decl) {
 }
 
 DocEntry ModuleExtractor::interfaceEntry(const ast::InterfaceDecl& decl) {
-    DocEntry entry = namedEntry(decl.name, DocKind::Interface, decl);
-    entry.visibility = visibilityOf(decl.visibility);
-    entry.signature = "interface " + decl.name;
+    DocEntry entry = typeEntry(decl, DocKind::Interface, "interface " + decl.name);
     attachDoc(entry);
     for (const auto& method : decl.methods) {
         if (!method) continue;
@@ -129,9 +135,7 @@ DocEntry ModuleExtractor::interfaceEntry(const ast::InterfaceDecl& decl) {
 }
 
 DocEntry ModuleExtractor::structEntry(const ast::StructDecl& decl) {
-    DocEntry entry = namedEntry(decl.name, DocKind::Struct, decl);
-    entry.visibility = visibilityOf(decl.visibility);
-    entry.signature = "struct " + decl.name;
+    DocEntry entry = typeEntry(decl, DocKind::Struct, "struct " + decl.name);
     attachDoc(entry);
     for (const auto& field : decl.fields) {
         if (!field) continue;
@@ -147,9 +151,7 @@ DocEntry ModuleExtractor::structEntry(const ast::StructDecl& decl) {
 }
 
 DocEntry ModuleExtractor::enumEntry(const ast::EnumDecl& decl) {
-    DocEntry entry = namedEntry(decl.name, DocKind::Enum, decl);
-    entry.visibility = visibilityOf(decl.visibility);
-    entry.signature = "enum " + decl.name;
+    DocEntry entry = typeEntry(decl, DocKind::Enum, "enum " + decl.name);
     attachDoc(entry);
     for (const ast::EnumVariant& variant : decl.variants) {
         // A variant has no place of its own in the tree; it points at its enum.
