@@ -1,0 +1,342 @@
+// Syntax errors as an editor sees them: each case opens one document over
+// the wire and compares the published diagnostics byte for byte.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "e2e/ServerProcess.h"
+
+using quor::e2e::frame;
+using quor::e2e::ProcessResult;
+using quor::e2e::runServer;
+
+namespace {
+
+struct Expected {
+    int line;    // one-based, as the parser reports it
+    int column;  // one-based
+    std::string message;
+};
+
+std::string jsonEscape(const std::string& text) {
+    std::string out;
+    for (char c : text) {
+        switch (c) {
+            case '"': out.append("\\\""); break;
+            case '\\': out.append("\\\\"); break;
+            case '\n': out.append("\\n"); break;
+            case '\r': out.append("\\r"); break;
+            case '\t': out.append("\\t"); break;
+            default: out.push_back(c);
+        }
+    }
+    return out;
+}
+
+std::string openMessage(const std::string& text) {
+    std::string body(R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{"textDocument":)");
+    body.append(R"({"uri":"file:///w/s.quor","languageId":"quor","version":1,"text":")");
+    body.append(jsonEscape(text));
+    body.append("\"}}}");
+    return body;
+}
+
+std::string diagnosticJson(const Expected& d) {
+    std::string json(R"({"code":"E1000","message":")");
+    json.append(jsonEscape(d.message));
+    json.append(R"(","range":{"end":{"character":)");
+    json.append(std::to_string(d.column));
+    json.append(R"(,"line":)");
+    json.append(std::to_string(d.line - 1));
+    json.append(R"(},"start":{"character":)");
+    json.append(std::to_string(d.column - 1));
+    json.append(R"(,"line":)");
+    json.append(std::to_string(d.line - 1));
+    json.append(R"(}},"severity":1,"source":"quorls"})");
+    return json;
+}
+
+std::string publication(const std::vector<Expected>& diagnostics) {
+    std::string body(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[)");
+    for (std::size_t i = 0; i < diagnostics.size(); ++i) {
+        if (i > 0) body.push_back(',');
+        body.append(diagnosticJson(diagnostics[i]));
+    }
+    body.append(R"(],"uri":"file:///w/s.quor"}})");
+    return frame(body);
+}
+
+void expectPublished(const std::string& text, const std::vector<Expected>& diagnostics) {
+    ProcessResult result = runServer(frame(openMessage(text)));
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_TRUE(result.exited);
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_EQ(result.out, publication(diagnostics)) << "source: " << text;
+}
+
+const std::string EXPR = "Expected expression, found: ";
+const std::string SEMI_EXPR = "Expected ';' after expression";
+const std::string SEMI_VAR = "Expected ';' after variable declaration";
+
+}  // namespace
+
+TEST(SyntaxDiagnosticsWire, EmptyDocumentPublishesAnEmptyList) {
+    expectPublished("", {});
+}
+
+TEST(SyntaxDiagnosticsWire, StraySemicolonsAtTopLevelAreSilent) {
+    expectPublished(";;;", {});
+}
+
+TEST(SyntaxDiagnosticsWire, MissingSemicolonIsReportedAtTheNextToken) {
+    expectPublished("fn main() {\n    let x = 1\n}\n", {{3, 1, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, MissingSemicolonAcrossCrlfLines) {
+    expectPublished("let x = 1\r\nlet y = 2;\r\n", {{2, 1, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, MultiByteCharactersInStringsCountAsBytes) {
+    expectPublished("let s = \"\xC3\xA9\" x;", {{1, 14, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, TabCountsOneColumn) {
+    expectPublished("\tlet = 1;", {{1, 6, "Expected variable name in declaration"}});
+}
+
+TEST(SyntaxDiagnosticsWire, UnclosedArgumentListReportsAtTheSemicolon) {
+    expectPublished("fn main() {\n    print((1 + 2);\n}\n", {{2, 18, "Expected ')' after argument list"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ExtraClosingParenthesisCostsTwoReports) {
+    expectPublished("let x = (1 + 2));", {{1, 16, SEMI_VAR}, {1, 16, EXPR + ")"}});
+}
+
+TEST(SyntaxDiagnosticsWire, HalfTypedFunctionHeaderAtEndOfInput) {
+    expectPublished("fn foo(", {{1, 8, "Expected parameter name"},
+                                {1, 8, "Expected ')' to end parameter list"},
+                                {1, 8, "Expected '{' or '=>' for function body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ReturnAtEndOfInputReportsAnEmptyLexeme) {
+    expectPublished("return", {{1, 7, EXPR}, {1, 7, "Expected ';' after return statement"}});
+}
+
+TEST(SyntaxDiagnosticsWire, FieldWithoutSemicolonInClassBecomesTwoExpressionStatements) {
+    expectPublished("class A {\n  int x\n}", {{2, 7, SEMI_EXPR}, {3, 1, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, BadForHeaderRecoversThroughStatements) {
+    expectPublished("for (int i = 0; i < 10, i++) {}", {{1, 23, "Expected ';' after for loop condition"},
+                                                         {1, 23, EXPR + ","},
+                                                         {1, 25, "Expected ')' after for clauses"},
+                                                         {1, 28, SEMI_EXPR},
+                                                         {1, 28, EXPR + ")"},
+                                                         {1, 30, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, InterfaceReportsEachStrayToken) {
+    expectPublished("interface I { x; }", {{1, 15, "Only method signatures are permitted in interfaces"},
+                                           {1, 16, "Only method signatures are permitted in interfaces"}});
+}
+
+TEST(SyntaxDiagnosticsWire, InterfaceSignatureWithoutSemicolon) {
+    expectPublished("interface Shape {\n  fn area() -> float\n}",
+                    {{3, 1, "Expected ';' after interface method signature"}});
+}
+
+TEST(SyntaxDiagnosticsWire, StructFieldsInBrokenForms) {
+    expectPublished("struct P { x: int; y int; z }", {{1, 22, "Expected field name in struct"},
+                                                       {1, 22, "Expected ';' after struct field"},
+                                                       {1, 25, "Expected field name in struct"},
+                                                       {1, 29, "Expected field name in struct"},
+                                                       {1, 29, "Expected ';' after struct field"}});
+}
+
+TEST(SyntaxDiagnosticsWire, EnumWithoutCommaEndsTheBodyEarly) {
+    expectPublished("enum Color { Red Green }", {{1, 18, "Expected '}' at end of enum body"},
+                                                 {1, 24, SEMI_EXPR},
+                                                 {1, 24, EXPR + "}"},
+                                                 {1, 25, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, EnumVariantMustBeAnIdentifier) {
+    expectPublished("enum E { 1 }", {{1, 10, "Expected enum variant identifier"},
+                                     {1, 10, "Expected '}' at end of enum body"},
+                                     {1, 12, SEMI_EXPR},
+                                     {1, 12, EXPR + "}"},
+                                     {1, 13, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, LambdaWithoutBodyConsumesTheSemicolon) {
+    expectPublished("let f = (a, b) => ;", {{1, 19, EXPR + ";"}, {1, 20, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, LambdaParameterTypedWithClassNameFallsBackToGrouping) {
+    expectPublished("let f = (Point p) => p;", {{1, 16, "Expected ')' after expression"},
+                                                 {1, 16, SEMI_VAR},
+                                                 {1, 17, SEMI_EXPR},
+                                                 {1, 17, EXPR + ")"},
+                                                 {1, 19, SEMI_EXPR},
+                                                 {1, 19, EXPR + "=>"},
+                                                 {1, 22, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, EmptyParenthesesOutsideLambdaReportAtClosingParen) {
+    expectPublished("let x = ();", {{1, 10, "Empty parentheses '()' are only allowed in lambda definitions"}});
+}
+
+TEST(SyntaxDiagnosticsWire, EmptyInterpolationReportsAtStartOfPiece) {
+    expectPublished("\n\nlet s = \"a${}b\";", {{1, 1, EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, InterpolationErrorsUsePieceCoordinates) {
+    expectPublished("fn main() {\n    let s = \"v=${x +}\";\n}\n", {{1, 4, EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, ScannerFaultInsideInterpolationShowsAsParserReaction) {
+    expectPublished("let s = \"${#}\";", {{1, 1, EXPR + "#"}});
+}
+
+TEST(SyntaxDiagnosticsWire, TrailingCommaInCallArguments) {
+    expectPublished("f(1, 2,);", {{1, 8, EXPR + ")"}, {1, 9, "Expected ')' after argument list"}});
+}
+
+TEST(SyntaxDiagnosticsWire, TrailingCommaInBracketArrayLiteral) {
+    expectPublished("let a = [1, 2,];", {{1, 15, EXPR + "]"}, {1, 16, "Expected ']' at end of array literal"}});
+}
+
+TEST(SyntaxDiagnosticsWire, MapEntryWithoutValue) {
+    expectPublished("let m = {\"a\": 1, \"b\"};", {{1, 21, "Expected ':' between key and value in map entry"},
+                                                   {1, 21, EXPR + "}"},
+                                                   {1, 22, "Expected '}' at end of map literal"}});
+}
+
+TEST(SyntaxDiagnosticsWire, GenericCallWithUnclosedArguments) {
+    expectPublished("f<int>(1;", {{1, 9, "Expected ')' after argument list"}});
+}
+
+TEST(SyntaxDiagnosticsWire, SpacedNestedGenericCallWithUnclosedArguments) {
+    expectPublished("f<List<int> >(1", {{1, 16, "Expected ')' after argument list"}, {1, 16, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, TypeArgumentsWithoutCallAreComparisons) {
+    expectPublished("let y = f<int>;", {{1, 15, EXPR + ";"}, {1, 16, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, TestWithoutName) {
+    expectPublished("test { }", {{1, 6, "Expected test name string literal or identifier after 'test'"}});
+}
+
+TEST(SyntaxDiagnosticsWire, TestWithoutBody) {
+    expectPublished("test \"x\"", {{1, 9, "Expected '{' to start test body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, TestWithParameters) {
+    expectPublished("test \"x\" (1) {}", {{1, 11, "Expected ')' after test declaration parameters"},
+                                          {1, 11, "Expected '{' to start test body"},
+                                          {1, 12, SEMI_EXPR},
+                                          {1, 12, EXPR + ")"},
+                                          {1, 14, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, WildcardImportMustEndThePath) {
+    expectPublished("import a.*.b;", {{1, 11, "Expected ';' after import statement"},
+                                      {1, 11, EXPR + "."},
+                                      {1, 12, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, ImportAndModuleWithMissingParts) {
+    expectPublished("import ;\nmodule a.;", {{1, 8, "Expected import path"},
+                                             {2, 10, "Expected identifier after '.' in module name"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ClassHeaderFaults) {
+    expectPublished("class A : {}\nclass B extends {}\nclass {}\nclass C<T, > {}",
+                    {{1, 11, "Expected base class or interface name after ':'"},
+                     {2, 17, "Expected base class name after 'extends'"},
+                     {3, 7, "Expected class name"},
+                     {4, 12, "Expected type parameter name"}});
+}
+
+TEST(SyntaxDiagnosticsWire, StrayTokenInClassBody) {
+    expectPublished("class A { ) }", {{1, 11, EXPR + ")"}, {1, 13, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, KeywordAfterDotStartsAClassDeclaration) {
+    expectPublished("x.class;", {{1, 3, "Expected member identifier after '.'"},
+                                 {1, 3, SEMI_EXPR},
+                                 {1, 8, "Expected class name"},
+                                 {1, 8, "Expected '{' to start class body"},
+                                 {1, 8, EXPR + ";"},
+                                 {1, 9, SEMI_EXPR},
+                                 {1, 9, "Expected '}' at end of class body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, SwitchWithStrayToken) {
+    expectPublished("switch (x) { foo }", {{1, 14, "Expected 'case' or 'default' in switch block"}});
+}
+
+TEST(SyntaxDiagnosticsWire, MatchArmsWithWrongArrow) {
+    expectPublished("match x { 1 -> a }", {{1, 13, "Expected '=>' after match pattern"},
+                                           {1, 13, EXPR + "->"},
+                                           {1, 18, "Expected '=>' after match pattern"},
+                                           {1, 18, EXPR + "}"},
+                                           {1, 19, "Expected '}' after match block"}});
+}
+
+TEST(SyntaxDiagnosticsWire, IfWithoutParentheses) {
+    expectPublished("if x > 1 { }", {{1, 4, "Expected '(' after 'if'"}, {1, 10, "Expected ')' after if condition"}});
+}
+
+TEST(SyntaxDiagnosticsWire, DoWhileWithoutSemicolon) {
+    expectPublished("do { } while (x)", {{1, 17, "Expected ';' after do-while statement"}});
+}
+
+TEST(SyntaxDiagnosticsWire, UntypedCatchMissesTheVariable) {
+    expectPublished("try { } catch (e) { }", {{1, 17, "Expected exception variable name"}});
+}
+
+TEST(SyntaxDiagnosticsWire, VarWithClassTypeInFront) {
+    expectPublished("var Point p = x;", {{1, 11, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, CommaSeparatedDeclarationIsNotAList) {
+    expectPublished("int a, b;", {{1, 6, SEMI_VAR}, {1, 6, EXPR + ","}, {1, 8, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, TernaryWithoutColon) {
+    expectPublished("let v = a ? b;", {{1, 14, "Expected ':' in ternary operator"}, {1, 14, EXPR + ";"}, {1, 15, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, NewWithQualifiedName) {
+    expectPublished("let p = new a.b();", {{1, 14, "Expected '(' after class name in new expression"},
+                                           {1, 14, EXPR + "."},
+                                           {1, 15, "Expected ')' after constructor arguments"},
+                                           {1, 15, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, FunctionWithoutBodyBeforeNextDeclaration) {
+    expectPublished("fn f() -> int\nfn g() {}", {{2, 1, "Expected '{' or '=>' for function body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ShortFormBodiesNeedSemicolons) {
+    expectPublished("fn f() => 1", {{1, 12, "Expected ';' after short-form function expression"}});
+    expectPublished("f() => 1", {{1, 9, "Expected ';' after expression body"}});
+    expectPublished("int f(int a)", {{1, 13, "Expected ';' after function signature"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ParameterAndTypeParameterLists) {
+    expectPublished("fn f(a, ) {}\nfn g<>() {}", {{1, 9, "Expected parameter name"}, {2, 6, "Expected type parameter name"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ExternBlockFaults) {
+    expectPublished("extern \"C\" { int f(); ", {{1, 23, "Expected '}' after extern block"}});
+    expectPublished("extern int f();", {{1, 8, "Expected '{' to start extern block"}, {1, 16, "Expected '}' after extern block"}});
+}
+
+TEST(SyntaxDiagnosticsWire, IndexWithoutClosingBracket) {
+    expectPublished("a[1;", {{1, 4, "Expected ']' after index"}});
+}
