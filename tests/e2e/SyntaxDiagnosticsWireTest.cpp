@@ -340,3 +340,101 @@ TEST(SyntaxDiagnosticsWire, ExternBlockFaults) {
 TEST(SyntaxDiagnosticsWire, IndexWithoutClosingBracket) {
     expectPublished("a[1;", {{1, 4, "Expected ']' after index"}});
 }
+
+TEST(SyntaxDiagnosticsWire, SpeculativeLambdaTypeReportStaysAfterRewind) {
+    expectPublished("let f = (int<x", {{1, 15, "Expected '>' after generic type arguments"},
+                                       {1, 15, "Expected ')' after expression"},
+                                       {1, 15, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, ForInWithoutIterable) {
+    expectPublished("for (x in ) {}", {{1, 11, EXPR + ")"}, {1, 13, "Expected ')' after for-in expression"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ConstructorWithoutBodyTakesTheClassBrace) {
+    expectPublished("class A { A(int x) }", {{1, 20, "Expected '{' to start block"},
+                                             {1, 21, "Expected '}' at end of class body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ModifiersBeforeASemicolonMakeAnExpressionStatement) {
+    expectPublished("public ;", {{1, 8, EXPR + ";"}, {1, 9, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, UnclosedBlockAtEndOfInput) {
+    expectPublished("fn main() {\n  foo();\n", {{3, 1, "Expected '}' to close block"}});
+}
+
+TEST(SyntaxDiagnosticsWire, WhileConditionCutOffAtEndOfInput) {
+    expectPublished("while (x", {{1, 9, "Expected ')' after while condition"}, {1, 9, EXPR}, {1, 9, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, MemberNameMissingAfterDot) {
+    expectPublished("x.;", {{1, 3, "Expected member identifier after '.'"}});
+}
+
+TEST(SyntaxDiagnosticsWire, PrefixOperatorWithoutOperand) {
+    expectPublished("let x = -;", {{1, 10, EXPR + ";"}, {1, 11, SEMI_VAR}});
+}
+
+// A syntax error anywhere stops the chain before analysis, so a final stray
+// parenthesis shows that everything in front of it parsed without a report.
+TEST(SyntaxDiagnosticsWire, AcceptedFormsProduceNoSyntaxReports) {
+    const std::vector<std::string> forms = {
+        "let y = f<List<int>>(1);",
+        "let z = a < b > (c);",
+        "let w = f<1>(2);",
+        "f<int, string[]?>(1);",
+        "x? y = null;",
+        "x[] y;",
+        "List<int> y;",
+        "a[i] = 1;",
+        "a ? b : c;",
+        "let s = \"${a b}\" + \"x${y\" + \"${\" + \"a$b{c}\";",
+        "match x { 1 => a, _ => { b(); } }",
+        "switch (x) { case 1: case 2: f(); default: g(); default: h(); }",
+        "for (;;) {}",
+        "for (var i in a) {} for (let i in a) {} for (int i in a) {} for (i in a) {}",
+        "let in = 1;",
+        "module int.string;",
+        "import a.b.*;",
+        "enum E { A = 1, B, }",
+        "let m = {1: 2,}; let n = {1, 2,}; let e = {};",
+        "fn f<T>(x: T, int y = 2, z): int => x;",
+        "class A extends B : C, D implements E { A(int x) { } B(int x) { } }",
+        "test \"a b\" { } test t() { }",
+        "let g = x => x + 1; let h = (x) => { return x; }; let k = (int[] a, string? b,) => a;",
+        "extern \"x\" { int f(); }",
+        "const c;",
+        "private public abstract static fn f();",
+        "static var v = 1;",
+        "interface I { fn m(a: int): int; }",
+        "struct S { a: int; string b; }",
+        "do { } while (x);",
+        "try { } catch (E e) { } finally { }",
+        "a.int; a.spawn; assert(x); spawn(y); int(3); string.valueOf(1);",
+        "f() { } g(int a) -> int { } h() => 1;",
+    };
+    for (std::size_t i = 0; i < forms.size(); ++i) {
+        std::string text = forms[i];
+        text.append("\n)");
+        expectPublished(text, {{2, 1, EXPR + ")"}, {2, 2, SEMI_EXPR}});
+    }
+}
+
+TEST(SyntaxDiagnosticsWire, ComparisonAtStatementStartEndsAndReportsTheTypeAttempt) {
+    ProcessResult result = runServer(frame(openMessage("a < 5;")));
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_TRUE(result.exited);
+    EXPECT_EQ(result.exitStatus, 0);
+    std::string first(R"("diagnostics":[)");
+    first.append(diagnosticJson({1, 5, "Expected type name"}));
+    EXPECT_NE(result.out.find(first), std::string::npos) << result.out;
+}
+
+TEST(SyntaxDiagnosticsWire, ErrorsOfOneChangeReplaceThoseOfTheOpen) {
+    std::string change(R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"file:///w/s.quor"},)");
+    change.append(R"("contentChanges":[{"text":"let a = 1\n"},{"text":"x"}]}})");
+    ProcessResult result = runServer(frame(openMessage("return")) + frame(change));
+    EXPECT_EQ(result.out, publication({{1, 7, EXPR}, {1, 7, "Expected ';' after return statement"}}) +
+                              publication({{2, 1, SEMI_VAR}}));
+}
