@@ -10,29 +10,8 @@
 namespace quor::parser::testing {
 namespace {
 
-void expectReport(const diagnostics::Diagnostic& d, const std::string& message, std::uint32_t line,
-                  std::uint32_t column) {
-    EXPECT_EQ(d.message, message);
-    EXPECT_EQ(d.code, "E1000");
-    EXPECT_EQ(d.hint, "");
-    EXPECT_EQ(d.location.file, TEST_FILE);
-    EXPECT_EQ(d.location.line, line);
-    EXPECT_EQ(d.location.column, column);
-}
 
-struct Parsed {
-    explicit Parsed(std::string_view source) : run(source), program(run.program()) {}
-
-    const ast::FunctionDecl* fn(std::size_t index = 0) const {
-        if (index >= program->declarations.size()) return nullptr;
-        return dynamic_cast<const ast::FunctionDecl*>(program->declarations[index].get());
-    }
-    const diagnostics::Diagnostic& report(std::size_t index) const { return run.diagnostics().at(index); }
-    std::size_t reports() const { return run.diagnostics().size(); }
-
-    ParseRun run;
-    std::unique_ptr<ast::Program> program;
-};
+using Parsed = ParsedProgram;
 
 TEST(DeclarationTest, StringNamedTestBecomesAPlainFunction) {
     Parsed p("test \"adds two\" { x; }");

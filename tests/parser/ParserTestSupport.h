@@ -312,5 +312,36 @@ inline std::string showExpression(std::string_view source) {
     return show(expr.get());
 }
 
+// Checks one parser report: its message and place, the syntax code, no hint,
+// and the test's file name.
+inline void expectReport(const diagnostics::Diagnostic& d, const std::string& message, std::uint32_t line,
+                         std::uint32_t column) {
+    EXPECT_EQ(d.message, message);
+    EXPECT_EQ(d.code, "E1000");
+    EXPECT_EQ(d.hint, "");
+    EXPECT_EQ(d.location.file, TEST_FILE);
+    EXPECT_EQ(d.location.line, line);
+    EXPECT_EQ(d.location.column, column);
+}
+
+// A whole source parsed as a program, with typed access to its declarations.
+struct ParsedProgram {
+    explicit ParsedProgram(std::string_view source) : run(source), program(run.program()) {}
+
+    template <class T>
+    const T* get(std::size_t index = 0) const {
+        if (index >= program->declarations.size()) return nullptr;
+        return dynamic_cast<const T*>(program->declarations[index].get());
+    }
+    const ast::FunctionDecl* fn(std::size_t index = 0) const { return get<ast::FunctionDecl>(index); }
+    std::size_t count() const { return program->declarations.size(); }
+    const diagnostics::Diagnostic& report(std::size_t index) const { return run.diagnostics().at(index); }
+    std::size_t reports() const { return run.diagnostics().size(); }
+    const diagnostics::SourceLocation& endLocation() const { return run.tokens.back().location; }
+
+    ParseRun run;
+    std::unique_ptr<ast::Program> program;
+};
+
 }  // namespace testing
 }  // namespace quor::parser

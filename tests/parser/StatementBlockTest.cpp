@@ -17,15 +17,6 @@ const T* as(const ast::ASTNode* node) {
 }
 
 // One report: message text, line and column, with code E1000 and no hint.
-void expectReport(const diagnostics::Diagnostic& d, const std::string& message, std::uint32_t line,
-                  std::uint32_t column) {
-    EXPECT_EQ(d.message, message);
-    EXPECT_EQ(d.code, "E1000");
-    EXPECT_EQ(d.hint, "");
-    EXPECT_EQ(d.location.file, TEST_FILE);
-    EXPECT_EQ(d.location.line, line);
-    EXPECT_EQ(d.location.column, column);
-}
 
 TEST(StatementBlock, EmptyBracesAreAnEmptyBlockNotAMap) {
     ParseRun run("{}");

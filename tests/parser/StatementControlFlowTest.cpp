@@ -14,14 +14,6 @@ const T* as(const ast::ASTNode* node) {
     return dynamic_cast<const T*>(node);
 }
 
-void expectReport(const diagnostics::Diagnostic& d, const std::string& message, std::uint32_t line,
-                  std::uint32_t column) {
-    EXPECT_EQ(d.message, message);
-    EXPECT_EQ(d.code, "E1000");
-    EXPECT_EQ(d.hint, "");
-    EXPECT_EQ(d.location.line, line);
-    EXPECT_EQ(d.location.column, column);
-}
 
 // Parses one statement and checks that it is of class T.
 template <class T>
