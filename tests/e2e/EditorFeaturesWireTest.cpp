@@ -1,0 +1,606 @@
+// Black-box checks of completion, hover, go-to-definition and rename: the
+// built server is driven over its pipes and the answer bytes are compared.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "e2e/ServerProcess.h"
+
+using quor::e2e::frame;
+using quor::e2e::ProcessResult;
+using quor::e2e::runServer;
+using quor::e2e::splitFramed;
+
+namespace {
+
+// Escapes text for a JSON string value in a request.
+std::string jsonString(const std::string& text) {
+    std::string out = "\"";
+    for (char c : text) {
+        switch (c) {
+            case '"': out.append("\\\""); break;
+            case '\\': out.append("\\\\"); break;
+            case '\n': out.append("\\n"); break;
+            case '\r': out.append("\\r"); break;
+            case '\t': out.append("\\t"); break;
+            default: out.push_back(c);
+        }
+    }
+    out.push_back('"');
+    return out;
+}
+
+std::string openMessage(const std::string& uri, const std::string& text) {
+    std::string body = R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{"textDocument":{"uri":)";
+    body.append(jsonString(uri)).append(R"(,"languageId":"quor","version":1,"text":)");
+    body.append(jsonString(text)).append("}}}");
+    return frame(body);
+}
+
+std::string positionJson(int line, int character) {
+    std::string out = R"({"line":)";
+    out.append(std::to_string(line)).append(R"(,"character":)").append(std::to_string(character)).append("}");
+    return out;
+}
+
+std::string requestMessage(int id, const std::string& method, const std::string& uri, const std::string& extra) {
+    std::string body = R"({"jsonrpc":"2.0","id":)";
+    body.append(std::to_string(id)).append(R"(,"method":")").append(method);
+    body.append(R"(","params":{"textDocument":{"uri":)").append(jsonString(uri)).append("}");
+    body.append(extra).append("}}");
+    return frame(body);
+}
+
+std::string at(int line, int character) {
+    std::string out = R"(,"position":)";
+    out.append(positionJson(line, character));
+    return out;
+}
+
+// Opens `text` under `uri` (when `text` is given), sends the requests, and
+// returns the answer bodies in request order (the diagnostics notifications
+// are left out).
+std::vector<std::string> ask(const std::string& uri, const std::string* text,
+                             const std::vector<std::string>& requests) {
+    std::string input;
+    if (text != nullptr) input.append(openMessage(uri, *text));
+    for (const auto& request : requests) input.append(request);
+    input.append(frame(R"({"jsonrpc":"2.0","id":999,"method":"shutdown"})"));
+    ProcessResult result = runServer(input);
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_TRUE(result.exited);
+    EXPECT_EQ(result.exitStatus, 0);
+    std::vector<std::string> answers;
+    for (const auto& body : splitFramed(result.out)) {
+        if (body.rfind(R"({"id":999,)", 0) == 0) continue;
+        if (body.rfind(R"({"id":)", 0) == 0 || body.rfind("<<junk>>", 0) == 0) answers.push_back(body);
+    }
+    return answers;
+}
+
+std::string askOne(const std::string& uri, const std::string& text, const std::string& method,
+                   const std::string& extra) {
+    auto answers = ask(uri, &text, {requestMessage(1, method, uri, extra)});
+    return answers.size() == 1 ? answers[0] : std::string("<wrong number of answers>");
+}
+
+std::string response(const std::string& resultJson) {
+    std::string out = R"({"id":1,"jsonrpc":"2.0","result":)";
+    out.append(resultJson).append("}");
+    return out;
+}
+
+std::string hoverResult(const std::string& escapedContents) {
+    std::string out = R"({"contents":{"kind":"markdown","value":")";
+    out.append(escapedContents).append("\"}}");
+    return response(out);
+}
+
+std::string locationResult(const std::string& uri, int line, int endCharacter) {
+    std::string out = R"({"range":{"end":)";
+    out.append(R"({"character":)").append(std::to_string(endCharacter)).append(R"(,"line":)");
+    out.append(std::to_string(line)).append(R"(},"start":{"character":0,"line":)");
+    out.append(std::to_string(line)).append(R"(}},"uri":")").append(uri).append("\"}");
+    return response(out);
+}
+
+std::string edit(const std::string& newText, int line, int startCharacter, int endCharacter) {
+    std::string out = R"({"newText":")";
+    out.append(newText).append(R"(","range":{"end":{"character":)").append(std::to_string(endCharacter));
+    out.append(R"(,"line":)").append(std::to_string(line)).append(R"(},"start":{"character":)");
+    out.append(std::to_string(startCharacter)).append(R"(,"line":)").append(std::to_string(line)).append("}}}");
+    return out;
+}
+
+std::string renameResult(const std::string& uri, const std::vector<std::string>& edits) {
+    std::string out = R"({"changes":{")";
+    out.append(uri).append("\":[");
+    for (std::size_t i = 0; i < edits.size(); ++i) {
+        if (i > 0) out.append(",");
+        out.append(edits[i]);
+    }
+    out.append("]}}");
+    return response(out);
+}
+
+const std::pair<const char*, const char*> KEYWORD_ROWS[] = {
+    {"fn", "Declare a function: `fn name(params): returnType { ... }`"},
+    {"let", "Declare a mutable local variable: `let x = 10;`"},
+    {"const", "Declare an immutable constant: `const PI = 3.14159;`"},
+    {"class", "Declare an object-oriented class: `class Name { ... }`"},
+    {"interface", "Declare an interface contract: `interface Name { ... }`"},
+    {"struct", "Declare a lightweight struct: `struct Name { ... }`"},
+    {"enum", "Declare an enumerated type: `enum Name { ... }`"},
+    {"if", "Conditional branching statement"},
+    {"else", "Else branch for conditional execution"},
+    {"while", "Loop construct that runs while condition is true"},
+    {"for", "Loop construct: `for item in collection { ... }`"},
+    {"in", "Used in for..in iterations"},
+    {"return", "Return value from a function"},
+    {"match", "Pattern matching control flow expression"},
+    {"switch", "Switch-case branching statement"},
+    {"case", "Case branch within a switch statement"},
+    {"default", "Default branch in a switch statement"},
+    {"break", "Exit loop or switch statement"},
+    {"continue", "Jump to next loop iteration"},
+    {"import", "Import external module or package"},
+    {"module", "Declare file module namespace"},
+    {"public", "Public visibility specifier"},
+    {"private", "Private visibility specifier"},
+    {"override", "Override virtual method in derived class"},
+    {"static", "Declare static method or member"},
+    {"async", "Asynchronous function modifier"},
+    {"await", "Await asynchronous task resolution"},
+    {"assert", "Test assertion: `assert(cond, [msg])`"},
+    {"new", "Instantiate new class object"},
+    {"try", "Begin exception handling block"},
+    {"catch", "Catch exception in try block"},
+    {"finally", "Finally block executed always"},
+    {"throw", "Throw an error or exception"},
+    {"true", "Boolean true literal"},
+    {"false", "Boolean false literal"},
+    {"null", "Null pointer or reference literal"},
+};
+
+const char* const TYPE_ROWS[] = {"int", "float", "string", "bool", "char", "byte",
+                                 "void", "any", "Array", "Map", "List"};
+
+// The 47 items every completion starts with, joined by commas.
+std::string fixedItems() {
+    std::string out;
+    for (const auto& row : KEYWORD_ROWS) {
+        if (!out.empty()) out.append(",");
+        out.append(R"({"detail":"Quor keyword","documentation":{"kind":"markdown","value":")").append(row.second);
+        out.append(R"("},"kind":14,"label":")").append(row.first).append("\"}");
+    }
+    for (const char* word : TYPE_ROWS) {
+        out.append(R"(,{"detail":"Built-in Quor type","kind":25,"label":")").append(word).append("\"}");
+    }
+    return out;
+}
+
+std::string item(const std::string& label, int kind, const std::string& detail, const std::string& doc = "") {
+    std::string out = R"({"detail":")";
+    out.append(detail).append("\"");
+    if (!doc.empty()) out.append(R"(,"documentation":{"kind":"markdown","value":")").append(doc).append("\"}");
+    out.append(R"(,"kind":)").append(std::to_string(kind)).append(R"(,"label":")").append(label).append("\"}");
+    return out;
+}
+
+std::string completionResult(const std::vector<std::string>& extra) {
+    std::string out = "[";
+    out.append(fixedItems());
+    for (const auto& one : extra) out.append(",").append(one);
+    out.append("]");
+    return response(out);
+}
+
+const std::string URI = "file:///work/shapes.quor";
+
+const std::string SHAPES =
+    "/// Adds two numbers.\n"
+    "/// @param a first\n"
+    "fn add(a: int, b: int): int {\n"
+    "    return a + b;\n"
+    "}\n"
+    "\n"
+    "class Point {\n"
+    "    let x: int;\n"
+    "    fn len(): float {\n"
+    "        return 0.0;\n"
+    "    }\n"
+    "}\n";
+
+}  // namespace
+
+// ---- completion ----
+
+TEST(EditorFeaturesWireCompletion, UnknownDocumentGivesTheFixedItemsOnly) {
+    std::vector<std::string> requests = {requestMessage(1, "textDocument/completion", "file:///nowhere.quor", at(0, 0))};
+    auto answers = ask("file:///nowhere.quor", nullptr, requests);
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], completionResult({}));
+}
+
+TEST(EditorFeaturesWireCompletion, EmptyDocumentGivesTheFixedItemsOnly) {
+    EXPECT_EQ(askOne("file:///e.quor", "", "textDocument/completion", at(0, 0)), completionResult({}));
+}
+
+TEST(EditorFeaturesWireCompletion, FirstIsFnThirtySeventhIsIntLastFixedIsList) {
+    std::string answer = askOne("file:///e.quor", "", "textDocument/completion", "");
+    std::string prefix = R"({"id":1,"jsonrpc":"2.0","result":[{"detail":"Quor keyword","documentation":{"kind":"markdown","value":"Declare a function: `fn name(params): returnType { ... }`"},"kind":14,"label":"fn"},)";
+    EXPECT_EQ(answer.substr(0, prefix.size()), prefix);
+    EXPECT_NE(answer.find(R"({"detail":"Quor keyword","documentation":{"kind":"markdown","value":"Null pointer or reference literal"},"kind":14,"label":"null"},{"detail":"Built-in Quor type","kind":25,"label":"int"},)"), std::string::npos);
+    std::string suffix = R"({"detail":"Built-in Quor type","kind":25,"label":"List"}]})";
+    ASSERT_GE(answer.size(), suffix.size());
+    EXPECT_EQ(answer.substr(answer.size() - suffix.size()), suffix);
+}
+
+TEST(EditorFeaturesWireCompletion, FunctionAndClassWithTwoMembersInSourceOrder) {
+    std::string expected = completionResult({
+        item("add", 3, "fn add(a: int, b: int): int", "Adds two numbers."),
+        item("Point", 7, "class Point"),
+        item("x", 5, "let x: int"),
+        item("len", 2, "public fn len(): float"),
+    });
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/completion", at(3, 11)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, SameListAtEveryPosition) {
+    std::vector<std::string> requests;
+    int id = 1;
+    for (auto [line, character] : {std::pair{0, 0}, std::pair{3, 7}, std::pair{11, 1}, std::pair{500, 500}}) {
+        requests.push_back(requestMessage(id++, "textDocument/completion", URI, at(line, character)));
+    }
+    auto answers = ask(URI, &SHAPES, requests);
+    ASSERT_EQ(answers.size(), 4u);
+    for (std::size_t i = 1; i < answers.size(); ++i) {
+        EXPECT_EQ(answers[i].substr(answers[i].find("\"jsonrpc\"")), answers[0].substr(answers[0].find("\"jsonrpc\"")));
+    }
+}
+
+TEST(EditorFeaturesWireCompletion, EveryDeclarationKindHasItsItemKind) {
+    std::string text =
+        "interface Shape {\n"
+        "    fn area(): float;\n"
+        "}\n"
+        "struct Pair {\n"
+        "    a: int;\n"
+        "    b: string;\n"
+        "}\n"
+        "enum Color { Red, Green }\n"
+        "const LIMIT: int = 10;\n"
+        "let count: int = 3;\n"
+        "test \"adds two\" { }\n"
+        "module geo;\n";
+    std::string expected = completionResult({
+        item("Shape", 8, "interface Shape"),
+        item("area", 2, "fn area(): float"),
+        item("Pair", 22, "struct Pair"),
+        item("a", 5, "a: int"),
+        item("b", 5, "b: string"),
+        item("Color", 13, "enum Color"),
+        item("Red", 5, "Red"),
+        item("Green", 5, "Green"),
+        item("LIMIT", 6, "const LIMIT: int"),
+        item("count", 6, "let count: int"),
+    });
+    EXPECT_EQ(askOne("file:///k.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, SignaturesOfModifiedDeclarations) {
+    std::string text =
+        "private fn hidden(): void {}\n"
+        "fn id<T>(x: T, n: int = 3): T { return x; }\n"
+        "abstract class Dog extends Animal implements Pet, Named {\n"
+        "    static fn make(): Dog { return Dog(); }\n"
+        "    private fn bark(times: int): void {}\n"
+        "    int age;\n"
+        "    const LEGS: int = 4;\n"
+        "}\n"
+        "fn noType() {}\n";
+    std::string expected = completionResult({
+        item("hidden", 3, "private fn hidden(): void"),
+        item("id", 3, "fn id<T>(x: T, n: int): T"),
+        item("Dog", 7, "abstract class Dog extends Animal implements Pet, Named"),
+        item("make", 2, "public static fn make(): Dog"),
+        item("bark", 2, "private fn bark(times: int): void"),
+        item("age", 5, "let age: int"),
+        item("LEGS", 5, "const LEGS: int"),
+        item("noType", 3, "fn noType(): void"),
+    });
+    EXPECT_EQ(askOne("file:///m.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, NoDeduplicationOfTableWordsOrSharedMethods) {
+    std::string text =
+        "class List {\n"
+        "    fn size(): int { return 0; }\n"
+        "}\n"
+        "class Set {\n"
+        "    fn size(): int { return 0; }\n"
+        "}\n";
+    std::string expected = completionResult({
+        item("List", 7, "class List"),
+        item("size", 2, "public fn size(): int"),
+        item("Set", 7, "class Set"),
+        item("size", 2, "public fn size(): int"),
+    });
+    EXPECT_EQ(askOne("file:///d.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, BrokenDocumentStillListsWhatParsed) {
+    std::string text =
+        "fn good(): int { return 1; }\n"
+        "fn broken(: int {\n";
+    std::string answer = askOne("file:///p.quor", text, "textDocument/completion", at(1, 5));
+    EXPECT_NE(answer.find(item("good", 3, "fn good(): int")), std::string::npos);
+    EXPECT_EQ(answer.rfind(R"({"id":1,"jsonrpc":"2.0","result":[)", 0), 0u);
+}
+
+TEST(EditorFeaturesWireCompletion, DocCommentsAttachWithinFiveLinesOnly) {
+    std::string text =
+        "/// Near enough.\n"
+        "\n"
+        "\n"
+        "\n"
+        "\n"
+        "fn near(): void {}\n"
+        "/// Too far.\n"
+        "\n"
+        "\n"
+        "\n"
+        "\n"
+        "\n"
+        "fn far(): void {}\n"
+        "// plain\n"
+        "fn plain(): void {}\n"
+        "/** One line. */\n"
+        "fn block(): void {}\n"
+        "/// First line.\n"
+        "///\n"
+        "/// Second paragraph.\n"
+        "fn two(): void {}\n";
+    std::string expected = completionResult({
+        item("near", 3, "fn near(): void", "Near enough."),
+        item("far", 3, "fn far(): void"),
+        item("plain", 3, "fn plain(): void"),
+        item("block", 3, "fn block(): void", "One line."),
+        item("two", 3, "fn two(): void", "First line.\\n\\nSecond paragraph."),
+    });
+    EXPECT_EQ(askOne("file:///c.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+// ---- hover ----
+
+TEST(EditorFeaturesWireHover, KeywordShowsHeadingAndDescription) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(2, 0)),
+              hoverResult("**Keyword** `fn`\\n\\nDeclare a function: `fn name(params): returnType { ... }`"));
+}
+
+TEST(EditorFeaturesWireHover, PrimitiveTypeText) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(2, 10)),
+              hoverResult("**Type** `int`\\n\\nBuilt-in primitive type in Quor."));
+}
+
+TEST(EditorFeaturesWireHover, TableWordWinsOverDeclarationOfThatName) {
+    std::string text = "class List {}\nclass Box {}\n";
+    EXPECT_EQ(askOne("file:///l.quor", text, "textDocument/hover", at(0, 7)),
+              hoverResult("**Type** `List`\\n\\nBuilt-in primitive type in Quor."));
+}
+
+TEST(EditorFeaturesWireHover, DocumentedFunctionShowsFencedSignatureAndText) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(2, 4)),
+              hoverResult("```quor\\nfn add(a: int, b: int): int\\n```\\n\\nAdds two numbers.\\n"));
+}
+
+TEST(EditorFeaturesWireHover, UndocumentedDeclarationEndsAfterFence) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(6, 6)), hoverResult("```quor\\nclass Point\\n```\\n"));
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(8, 8)),
+              hoverResult("```quor\\npublic fn len(): float\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, ParameterGivesNull) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(3, 11)), response("null"));
+}
+
+TEST(EditorFeaturesWireHover, CursorDirectlyBehindWordFindsItButNotOneFurther) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(7, 9)), hoverResult("```quor\\nlet x: int\\n```\\n"));
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(7, 10)), response("null"));
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(2, 2)),
+              hoverResult("**Keyword** `fn`\\n\\nDeclare a function: `fn name(params): returnType { ... }`"));
+}
+
+TEST(EditorFeaturesWireHover, PositionPastLineEndClampsToLastByte) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(6, 99)), response("null"));  // "{" ends the line
+    std::string text = "fn go(): void {}\nfoo";
+    EXPECT_EQ(askOne("file:///g.quor", text, "textDocument/hover", at(1, 99)), response("null"));
+    std::string text2 = "class Box {}\nclass Box";
+    EXPECT_EQ(askOne("file:///g.quor", text2, "textDocument/hover", at(1, 99)),
+              hoverResult("```quor\\nclass Box\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, LinePastTheEndAndEmptyLineGiveNull) {
+    EXPECT_EQ(askOne("file:///t.quor", "class A {}\nclass B {}", "textDocument/hover", at(99, 0)), response("null"));
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(5, 0)), response("null"));
+}
+
+TEST(EditorFeaturesWireHover, NegativeCharacterAndUnknownDocumentGiveNull) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", at(2, -1)), response("null"));
+    auto answers = ask("file:///none.quor", nullptr,
+                       {requestMessage(1, "textDocument/hover", "file:///none.quor", at(0, 0))});
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], response("null"));
+}
+
+TEST(EditorFeaturesWireHover, MissingPositionMeansStartOfDocument) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", ""), response("null"));  // "/" of the doc comment
+    EXPECT_EQ(askOne("file:///q.quor", "class Start {}", "textDocument/hover", ""),
+              hoverResult("**Keyword** `class`\\n\\nDeclare an object-oriented class: `class Name { ... }`"));
+}
+
+TEST(EditorFeaturesWireHover, FractionalPositionIsTruncated) {
+    EXPECT_EQ(askOne(URI, SHAPES, "textDocument/hover", R"(,"position":{"line":2.9,"character":4.7})"),
+              hoverResult("```quor\\nfn add(a: int, b: int): int\\n```\\n\\nAdds two numbers.\\n"));
+}
+
+TEST(EditorFeaturesWireHover, EarlierMemberBeatsLaterTopLevelEntry) {
+    std::string text =
+        "class A {\n"
+        "    fn run(): void {}\n"
+        "}\n"
+        "fn run(): int { return 1; }\n";
+    EXPECT_EQ(askOne("file:///r.quor", text, "textDocument/hover", at(3, 4)),
+              hoverResult("```quor\\npublic fn run(): void\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, CarriageReturnIsNoWordByte) {
+    std::string text = "fn go(): void {}\r\nclass Box {}\r\n";
+    EXPECT_EQ(askOne("file:///crlf.quor", text, "textDocument/hover", at(0, 99)), response("null"));
+    EXPECT_EQ(askOne("file:///crlf.quor", text, "textDocument/hover", at(1, 9)),
+              hoverResult("```quor\\nclass Box\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, RawUtf8DescriptionPassesThrough) {
+    std::string text = "/// Ma\xC3\x9F" "e in \xE2\x82\xAC\nfn size(): int { return 1; }\n";
+    EXPECT_EQ(askOne("file:///u.quor", text, "textDocument/hover", at(1, 4)),
+              hoverResult("```quor\\nfn size(): int\\n```\\n\\nMa\xC3\x9F" "e in \xE2\x82\xAC\\n"));
+}
+
+TEST(EditorFeaturesWireHover, InterfaceMethodAndConstant) {
+    std::string text = "interface Shape {\n    fn area(): float;\n}\nconst LIMIT: int = 10;\n";
+    EXPECT_EQ(askOne("file:///i.quor", text, "textDocument/hover", at(1, 8)),
+              hoverResult("```quor\\nfn area(): float\\n```\\n"));
+    EXPECT_EQ(askOne("file:///i.quor", text, "textDocument/hover", at(3, 8)),
+              hoverResult("```quor\\nconst LIMIT: int\\n```\\n"));
+}
+
+// ---- definition ----
+
+const std::string COUNTER =
+    "class Counter {\n"
+    "    let count: int;\n"
+    "\n"
+    "    fn get(): int {\n"
+    "        return 1;\n"
+    "    }\n"
+    "}\n"
+    "fn main(): void {\n"
+    "    let c = Counter();\n"
+    "    let n = c.get();\n"
+    "    let m = n;\n"
+    "}\n"
+    "fn main(): int { return 0; }\n";
+
+const std::string COUNTER_URI = "file:///work/counter.quor";
+
+TEST(EditorFeaturesWireDefinition, MethodCallGoesToColumnZeroOfItsLine) {
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(9, 14)), locationResult(COUNTER_URI, 3, 3));
+}
+
+TEST(EditorFeaturesWireDefinition, FirstLineDeclarationAndOwnName) {
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(8, 12)), locationResult(COUNTER_URI, 0, 7));
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(0, 8)), locationResult(COUNTER_URI, 0, 7));
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(1, 10)), locationResult(COUNTER_URI, 1, 5));
+}
+
+TEST(EditorFeaturesWireDefinition, FirstOfTwoFunctionsWins) {
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(12, 4)), locationResult(COUNTER_URI, 7, 4));
+}
+
+TEST(EditorFeaturesWireDefinition, LocalsKeywordsAndTypesGiveNull) {
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(10, 12)), response("null"));
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(7, 0)), response("null"));
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(1, 16)), response("null"));
+    EXPECT_EQ(askOne(COUNTER_URI, COUNTER, "textDocument/definition", at(2, 0)), response("null"));
+}
+
+TEST(EditorFeaturesWireDefinition, ImportedNameAndParameterGiveNull) {
+    std::string text = "import util.strings;\nfn f(p: int): int { return strings(p); }\n";
+    EXPECT_EQ(askOne("file:///imp.quor", text, "textDocument/definition", at(1, 28)), response("null"));
+    EXPECT_EQ(askOne("file:///imp.quor", text, "textDocument/definition", at(1, 36)), response("null"));
+    EXPECT_EQ(askOne("file:///imp.quor", text, "textDocument/definition", at(1, 3)), locationResult("file:///imp.quor", 1, 1));
+}
+
+TEST(EditorFeaturesWireDefinition, CrlfDocument) {
+    std::string text = "fn go(): void {}\r\nclass Box {}\r\n";
+    EXPECT_EQ(askOne("file:///crlf.quor", text, "textDocument/definition", at(1, 9)),
+              locationResult("file:///crlf.quor", 1, 3));
+}
+
+// ---- rename ----
+
+const std::string RENAME_URI = "file:///work/r.quor";
+
+std::string renameParams(int line, int character, const std::string& newName) {
+    std::string out = at(line, character);
+    out.append(R"(,"newName":)").append(jsonString(newName));
+    return out;
+}
+
+TEST(EditorFeaturesWireRename, TwoEditsOnOneLineInColumnOrder) {
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", renameParams(0, 4, "y")),
+              renameResult(RENAME_URI, {edit("y", 0, 4, 5), edit("y", 0, 8, 9)}));
+}
+
+TEST(EditorFeaturesWireRename, CommentsAndStringsStay) {
+    std::string text = "// x here\nlet x = \"x\";\nx = 2;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(1, 4, "width")),
+              renameResult(RENAME_URI, {edit("width", 1, 4, 5), edit("width", 2, 0, 1)}));
+}
+
+TEST(EditorFeaturesWireRename, KeywordUnderCursorGivesEmptyArray) {
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", renameParams(0, 1, "y")),
+              renameResult(RENAME_URI, {}));
+}
+
+TEST(EditorFeaturesWireRename, EmptyOrMissingNewNameGivesNull) {
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", renameParams(0, 4, "")), response("null"));
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", at(0, 4)), response("null"));
+}
+
+TEST(EditorFeaturesWireRename, NoWordGivesNull) {
+    EXPECT_EQ(askOne(RENAME_URI, "let x  = 1;", "textDocument/rename", renameParams(0, 6, "y")), response("null"));
+}
+
+TEST(EditorFeaturesWireRename, UnterminatedStringFurtherDownKeepsEarlierEdits) {
+    std::string text = "let v = 1;\nlet w = v;\nlet s = \"oops\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 4, "value")),
+              renameResult(RENAME_URI, {edit("value", 0, 4, 5), edit("value", 1, 8, 9)}));
+}
+
+TEST(EditorFeaturesWireRename, ColumnsCountBytesAndTabsCountOne) {
+    std::string text = "let s = \"\xC3\xA9\"; let t = s;\n\tlet\tq = s;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 22, "z")),
+              renameResult(RENAME_URI, {edit("z", 0, 4, 5), edit("z", 0, 22, 23), edit("z", 1, 9, 10)}));
+}
+
+TEST(EditorFeaturesWireRename, NewNameIsTakenAsItComes) {
+    std::string expected = renameResult(RENAME_URI, {edit("a b \\\"c\\\"", 0, 4, 5), edit("a b \\\"c\\\"", 0, 8, 9)});
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", renameParams(0, 5, "a b \"c\"")), expected);
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", renameParams(0, 4, "fn")),
+              renameResult(RENAME_URI, {edit("fn", 0, 4, 5), edit("fn", 0, 8, 9)}));
+}
+
+TEST(EditorFeaturesWireRename, UriIsWrittenRawAsKey) {
+    std::string uri = "file:///we\"ird.quor";
+    std::string expected = R"({"id":1,"jsonrpc":"2.0","result":{"changes":{"file:///we"ird.quor":[)";
+    expected.append(edit("k", 0, 4, 5)).append("]}}}");
+    EXPECT_EQ(askOne(uri, "let q = 1;", "textDocument/rename", renameParams(0, 4, "k")), expected);
+}
+
+TEST(EditorFeaturesWireRename, SameNameInUnrelatedScopesRenamedTogether) {
+    std::string text = "fn a(): void { let i = 1; }\nfn b(): void { let i = 2; }\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(1, 19, "j")),
+              renameResult(RENAME_URI, {edit("j", 0, 19, 20), edit("j", 1, 19, 20)}));
+}
+
+TEST(EditorFeaturesWireRename, UnknownDocumentGivesNull) {
+    auto answers = ask("file:///none.quor", nullptr,
+                       {requestMessage(1, "textDocument/rename", "file:///none.quor", renameParams(0, 0, "y"))});
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], response("null"));
+}
