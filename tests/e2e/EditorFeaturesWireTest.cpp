@@ -604,3 +604,124 @@ TEST(EditorFeaturesWireRename, UnknownDocumentGivesNull) {
     ASSERT_EQ(answers.size(), 1u);
     EXPECT_EQ(answers[0], response("null"));
 }
+
+// ---- doc comments and signatures as the features show them ----
+
+TEST(EditorFeaturesWireDocs, BlockCommentLinesAreCleaned) {
+    std::string text =
+        "/**\n"
+        " * Computes.\n"
+        " *   indented\n"
+        " * @return the value\n"
+        " */\n"
+        "fn f(): int { return 1; }\n";
+    EXPECT_EQ(askOne("file:///b.quor", text, "textDocument/hover", at(5, 3)),
+              hoverResult("```quor\\nfn f(): int\\n```\\n\\nComputes.\\n  indented\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, LongBlockCommentCountsFromItsFirstLine) {
+    std::string text =
+        "/**\n"
+        " * Long.\n"
+        " *\n"
+        " *\n"
+        " *\n"
+        " */\n"
+        "fn f(): int { return 1; }\n";
+    EXPECT_EQ(askOne("file:///b.quor", text, "textDocument/hover", at(6, 3)), hoverResult("```quor\\nfn f(): int\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, PlainCommentNextToDocLineJoinsTheBlock) {
+    std::string text = "// plain\n/// Doc.\nfn g(): void {}\n// alone\nfn h(): void {}\n";
+    EXPECT_EQ(askOne("file:///p.quor", text, "textDocument/hover", at(2, 3)),
+              hoverResult("```quor\\nfn g(): void\\n```\\n\\n// plain\\nDoc.\\n"));
+    EXPECT_EQ(askOne("file:///p.quor", text, "textDocument/hover", at(4, 3)), hoverResult("```quor\\nfn h(): void\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, BlankLineSplitsBlocksAndNearestWins) {
+    std::string text = "/// One.\n/// Two.\n/// Three.\n\n/// Four.\n/// Five.\nfn k(): void {}\n";
+    EXPECT_EQ(askOne("file:///s.quor", text, "textDocument/hover", at(6, 3)),
+              hoverResult("```quor\\nfn k(): void\\n```\\n\\nFour.\\nFive.\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, BlockServesOneDeclarationOnly) {
+    std::string text = "/// A doc.\nfn a(): void {}\nfn b(): void {}\n";
+    EXPECT_EQ(askOne("file:///o.quor", text, "textDocument/hover", at(2, 3)), hoverResult("```quor\\nfn b(): void\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, BlockSkipsOverPlainStatements) {
+    std::string text = "/// Stray.\nprint(1);\nfn later(): void {}\n";
+    EXPECT_EQ(askOne("file:///o.quor", text, "textDocument/hover", at(2, 4)),
+              hoverResult("```quor\\nfn later(): void\\n```\\n\\nStray.\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, ModuleTakesItsBlockAndTestsTakeNone) {
+    std::string text = "/// Module doc.\nmodule geo;\nfn f(): void {}\n";
+    EXPECT_EQ(askOne("file:///bar.quor", text, "textDocument/hover", at(2, 3)), hoverResult("```quor\\nfn f(): void\\n```\\n"));
+    std::string text2 = "/// For the test.\ntest \"x\" { }\nfn after(): void {}\n";
+    EXPECT_EQ(askOne("file:///t.quor", text2, "textDocument/hover", at(2, 3)),
+              hoverResult("```quor\\nfn after(): void\\n```\\n\\nFor the test.\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, ClassAndFirstMethodEachTakeTheirBlock) {
+    std::string text = "/// The box.\nclass Box {\n    /// Opens it.\n    fn open(): void {}\n}\n";
+    EXPECT_EQ(askOne("file:///x.quor", text, "textDocument/hover", at(1, 7)),
+              hoverResult("```quor\\nclass Box\\n```\\n\\nThe box.\\n"));
+    EXPECT_EQ(askOne("file:///x.quor", text, "textDocument/hover", at(3, 8)),
+              hoverResult("```quor\\npublic fn open(): void\\n```\\n\\nOpens it.\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, TagsAndOddPrefixes) {
+    std::string text = "//// four\n/// @param\n/// @throws Oops\n/// @param a first\nfn t(a: int): void {}\n";
+    EXPECT_EQ(askOne("file:///g.quor", text, "textDocument/hover", at(4, 3)),
+              hoverResult("```quor\\nfn t(a: int): void\\n```\\n\\n/ four\\n@throws Oops\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, CarriageReturnsLeaveTheDescription) {
+    std::string text = "/// Hi\r\n/// there\r\nfn go(): void {}\r\n";
+    EXPECT_EQ(askOne("file:///crlf.quor", text, "textDocument/hover", at(2, 3)),
+              hoverResult("```quor\\nfn go(): void\\n```\\n\\nHi\\nthere\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, SignaturesOfOtherSpellings) {
+    std::string text =
+        "int twice(int n) { return n * 2; }\n"
+        "fn sq(x: int): int => x * x;\n"
+        "class Pair<A, B> {\n"
+        "    Pair(a: A, b: B) {}\n"
+        "}\n"
+        "struct P { int a; b: string; }\n"
+        "enum Level { Low = 1, High = 2, }\n"
+        "var y: int = 2;\n";
+    std::string expected = completionResult({
+        item("twice", 3, "fn twice(n: int): int"),
+        item("sq", 3, "fn sq(x: int): int"),
+        item("Pair", 7, "class Pair<A, B>"),
+        item("Pair", 2, "public fn Pair(a: A, b: B): void"),
+        item("P", 22, "struct P"),
+        item("a", 5, "a: int"),
+        item("b", 5, "b: string"),
+        item("Level", 13, "enum Level"),
+        item("Low", 5, "Low"),
+        item("High", 5, "High"),
+        item("y", 6, "let y: int"),
+    });
+    EXPECT_EQ(askOne("file:///sig.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireDefinition, ModifiedMethodGoesToItsLine) {
+    std::string text = "class U {\n    private static fn util(): void {}\n}\nfn main(): void { U.util(); }\n";
+    EXPECT_EQ(askOne("file:///u.quor", text, "textDocument/definition", at(3, 21)), locationResult("file:///u.quor", 1, 4));
+}
+
+TEST(EditorFeaturesWireRename, InterpolatedTextIsNoIdentifier) {
+    std::string text = "let name = 1;\nlet s = \"hi ${name}\";\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 6, "who")),
+              renameResult(RENAME_URI, {edit("who", 0, 4, 8)}));
+}
+
+TEST(EditorFeaturesWireRename, CursorPastLineEndClampsToLastByte) {
+    std::string text = "let abc = 1;\nabc";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(1, 40, "d")),
+              renameResult(RENAME_URI, {edit("d", 0, 4, 7), edit("d", 1, 0, 3)}));
+}
