@@ -413,6 +413,7 @@ TEST(SyntaxDiagnosticsWire, AcceptedFormsProduceNoSyntaxReports) {
         "try { } catch (E e) { } finally { }",
         "a.int; a.spawn; assert(x); spawn(y); int(3); string.valueOf(1);",
         "f() { } g(int a) -> int { } h() => 1;",
+        "fn spawn() { } fn int() { } fn f(): int { return 1; }",
     };
     for (std::size_t i = 0; i < forms.size(); ++i) {
         std::string text = forms[i];
@@ -437,4 +438,97 @@ TEST(SyntaxDiagnosticsWire, ErrorsOfOneChangeReplaceThoseOfTheOpen) {
     ProcessResult result = runServer(frame(openMessage("return")) + frame(change));
     EXPECT_EQ(result.out, publication({{1, 7, EXPR}, {1, 7, "Expected ';' after return statement"}}) +
                               publication({{2, 1, SEMI_VAR}}));
+}
+
+TEST(SyntaxDiagnosticsWire, BraceAtStatementStartIsABlockNotAMap) {
+    expectPublished("{a: 1};", {{1, 3, SEMI_EXPR}, {1, 3, EXPR + ":"}, {1, 5, SEMI_EXPR}, {1, 6, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, ParenthesisedPairIsNoExpression) {
+    expectPublished("let t = (a, b);", {{1, 11, "Expected ')' after expression"},
+                                        {1, 11, SEMI_VAR},
+                                        {1, 11, EXPR + ","},
+                                        {1, 13, SEMI_EXPR},
+                                        {1, 14, SEMI_EXPR},
+                                        {1, 14, EXPR + ")"}});
+}
+
+TEST(SyntaxDiagnosticsWire, UnclosedCallAtEndOfInput) {
+    expectPublished("foo(", {{1, 5, EXPR}, {1, 5, "Expected ')' after argument list"}, {1, 5, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, BareFunctionWithUnclosedBody) {
+    expectPublished("foo(a) {", {{1, 9, "Expected '}' to close block"}});
+}
+
+TEST(SyntaxDiagnosticsWire, TestNameThatIsANumber) {
+    expectPublished("test 123 {}", {{1, 6, "Expected test name string literal or identifier after 'test'"},
+                                    {1, 6, "Expected '{' to start test body"},
+                                    {1, 10, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, EveryEmptyInterpolationReports) {
+    expectPublished("let s = \"${}${}\";", {{1, 1, EXPR}, {1, 1, EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, SwitchHeaderAndCaseFaults) {
+    expectPublished("switch x { case 1 f(); }", {{1, 8, "Expected '(' after 'switch'"},
+                                                 {1, 10, "Expected ')' after switch subject"},
+                                                 {1, 19, "Expected ':' after case value"}});
+    expectPublished("switch (x) { default f(); }", {{1, 22, "Expected ':' after default"}});
+}
+
+TEST(SyntaxDiagnosticsWire, CatchClauseWithoutParentheses) {
+    expectPublished("try {} catch e {}", {{1, 14, "Expected '(' after 'catch'"},
+                                          {1, 16, "Expected exception variable name"},
+                                          {1, 16, "Expected ')' after catch clause parameters"}});
+}
+
+TEST(SyntaxDiagnosticsWire, LexicalErrorHidesSyntaxErrors) {
+    expectPublished("let x = ;\n#", {{2, 1, "Unexpected character: '#' (Remove or replace the invalid character)"}});
+}
+
+TEST(SyntaxDiagnosticsWire, DoWithoutWhile) {
+    expectPublished("do {} (x);", {{1, 7, "Expected 'while' after 'do' body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, KeywordsThatCannotStartAnExpression) {
+    expectPublished("else {}", {{1, 1, EXPR + "else"}, {1, 6, SEMI_EXPR}});
+    expectPublished("await x;", {{1, 1, EXPR + "await"}, {1, 7, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, MissingTypeNames) {
+    expectPublished("var x: = 1;", {{1, 8, "Expected type name"}});
+    expectPublished("fn f(x: ) {}", {{1, 9, "Expected type name"}});
+    expectPublished("struct S { a: ; }", {{1, 15, "Expected type name"}});
+}
+
+TEST(SyntaxDiagnosticsWire, NewWithUnclosedTypeArguments) {
+    expectPublished("let b = new Box<int(1);", {{1, 20, "Expected '>' after generic type arguments"}});
+}
+
+TEST(SyntaxDiagnosticsWire, FunctionNamedByANumber) {
+    expectPublished("fn 1() {}", {{1, 4, "Expected function name"},
+                                  {1, 4, "Expected '(' to begin parameter list"},
+                                  {1, 4, "Expected parameter name"},
+                                  {1, 4, "Expected ')' to end parameter list"},
+                                  {1, 4, "Expected '{' or '=>' for function body"},
+                                  {1, 8, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, InterfaceMethodNameMustBeAnIdentifier) {
+    const std::string only = "Only method signatures are permitted in interfaces";
+    expectPublished("interface I { fn (); }", {{1, 18, "Expected method name in interface"}});
+    expectPublished("interface I { fn int(); }", {{1, 18, "Expected method name in interface"},
+                                                  {1, 18, "Expected '(' to begin parameter list"},
+                                                  {1, 21, "Expected parameter name"},
+                                                  {1, 21, "Expected ')' to end parameter list"},
+                                                  {1, 21, "Expected ';' after interface method signature"},
+                                                  {1, 21, only},
+                                                  {1, 22, only},
+                                                  {1, 23, only}});
+}
+
+TEST(SyntaxDiagnosticsWire, ModuleNameThatIsANumber) {
+    expectPublished("module 1;", {{1, 8, "Expected module identifier"}, {1, 8, "Expected ';' after module declaration"}});
 }
