@@ -532,3 +532,29 @@ TEST(SyntaxDiagnosticsWire, InterfaceMethodNameMustBeAnIdentifier) {
 TEST(SyntaxDiagnosticsWire, ModuleNameThatIsANumber) {
     expectPublished("module 1;", {{1, 8, "Expected module identifier"}, {1, 8, "Expected ';' after module declaration"}});
 }
+
+TEST(SyntaxDiagnosticsWire, ForInWithBracketTypeFallsBackToCountedLoop) {
+    expectPublished("for (int[] x in a) {}", {{1, 10, EXPR + "]"},
+                                              {1, 12, "Expected ']' after index"},
+                                              {1, 12, SEMI_EXPR},
+                                              {1, 14, "Expected ';' after for loop condition"},
+                                              {1, 17, "Expected ')' after for clauses"},
+                                              {1, 18, SEMI_EXPR},
+                                              {1, 18, EXPR + ")"},
+                                              {1, 20, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, TwoNamesWithoutSemicolonAtEndOfInput) {
+    expectPublished("x y", {{1, 3, SEMI_EXPR}, {1, 4, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, GenericCallLookaheadAcceptsMarksAndNesting) {
+    expectPublished("let v = f<int[]?, Map<a, b> >(1", {{1, 32, "Expected ')' after argument list"}, {1, 32, SEMI_VAR}});
+}
+
+TEST(SyntaxDiagnosticsWire, GenericCallWhoseTypeArgumentIsNoType) {
+    expectPublished("let v = f<[]>(1);", {{1, 11, "Expected type name"},
+                                          {1, 11, "Expected '>' after generic type arguments"},
+                                          {1, 11, "Expected '(' after generic type arguments in call"},
+                                          {1, 17, "Expected ')' after argument list"}});
+}
