@@ -725,3 +725,22 @@ TEST(EditorFeaturesWireRename, CursorPastLineEndClampsToLastByte) {
     EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(1, 40, "d")),
               renameResult(RENAME_URI, {edit("d", 0, 4, 7), edit("d", 1, 0, 3)}));
 }
+
+TEST(EditorFeaturesWireHover, AnswersFollowTheLatestChange) {
+    std::string uri = "file:///live.quor";
+    std::string text = "fn old(): void {}\n";
+    std::string change = R"({"jsonrpc":"2.0","method":"textDocument/didChange","params":{"textDocument":{"uri":"file:///live.quor","version":2},"contentChanges":[{"text":"class Fresh {}\n"}]}})";
+    auto answers = ask(uri, &text,
+                       {requestMessage(1, "textDocument/hover", uri, at(0, 4)), frame(change),
+                        requestMessage(2, "textDocument/hover", uri, at(0, 4)),
+                        requestMessage(3, "textDocument/hover", uri, at(0, 7))});
+    ASSERT_EQ(answers.size(), 3u);
+    EXPECT_EQ(answers[0], hoverResult("```quor\\nfn old(): void\\n```\\n"));
+    EXPECT_EQ(answers[1], R"({"id":2,"jsonrpc":"2.0","result":{"contents":{"kind":"markdown","value":"**Keyword** `class`\n\nDeclare an object-oriented class: `class Name { ... }`"}}})");
+    EXPECT_EQ(answers[2], R"({"id":3,"jsonrpc":"2.0","result":{"contents":{"kind":"markdown","value":"```quor\nclass Fresh\n```\n"}}})");
+}
+
+TEST(EditorFeaturesWireHover, WordMayBeginWithADigit) {
+    std::string text = "class lives {}\nlet n = 9lives;\n";
+    EXPECT_EQ(askOne("file:///n.quor", text, "textDocument/hover", at(1, 10)), response("null"));
+}
