@@ -558,3 +558,14 @@ TEST(SyntaxDiagnosticsWire, GenericCallWhoseTypeArgumentIsNoType) {
                                           {1, 11, "Expected '(' after generic type arguments in call"},
                                           {1, 17, "Expected ')' after argument list"}});
 }
+
+TEST(SyntaxDiagnosticsWire, FirstClosingBraceEndsAnInterpolatedPiece) {
+    // The piece is `f("${`: its string never closes, which the nested scan
+    // keeps silent, and the parser then trips over the unfinished token.
+    expectPublished("let s = \"${f(\\\"${}\\\")}\";", {{1, 3, EXPR + "\"${"}, {1, 6, "Expected ')' after argument list"}});
+}
+
+TEST(SyntaxDiagnosticsWire, UnusedKeywordsAreStrayTokens) {
+    expectPublished("trait T {}", {{1, 1, EXPR + "trait"}, {1, 7, SEMI_EXPR}, {1, 9, SEMI_EXPR}});
+    expectPublished("@x;", {{1, 1, EXPR + "@"}, {1, 2, SEMI_EXPR}});
+}
