@@ -258,6 +258,44 @@ TEST(FormattingWireLayout, MatchArmsStayOnOneLine) {
     expectFormatted("match(v){1=>one,_=>other}", "match (v) {\n    1 => one, _ => other\n}\n", 0, 25);
 }
 
+TEST(FormattingWireLayout, WhitespaceOnlyDocumentBecomesEmpty) {
+    expectFormatted("   \n\t\n", "", 2, 0);
+}
+
+TEST(FormattingWireLayout, LoneCarriageReturnIsNoLineBreakForTheEnd) {
+    expectFormatted("a;\rb;", "a;\nb;\n", 0, 5);
+}
+
+TEST(FormattingWireLayout, BlankLineInsideAnArgumentListBreaksTheLine) {
+    expectFormatted("foo(a,\n\n\nb)", "foo(a,\n\nb)\n", 3, 2);
+}
+
+TEST(FormattingWireLayout, BlankLineBeforeClosingBraceIsKept) {
+    expectFormatted("{\nx;\n\n\n}", "{\n    x;\n\n}\n", 4, 1);
+}
+
+TEST(FormattingWireLayout, BlankLineBeforeElseLeavesTheSpaceBehindTheBrace) {
+    expectFormatted("if (a) {\n}\n\n\nelse {\n}", "if (a) {\n} \n\nelse {\n}\n", 5, 1);
+}
+
+TEST(FormattingWireLayout, CommentBetweenBraceAndElseBreaksTheLine) {
+    expectFormatted("if (a) {} // c\nelse {}", "if (a) {\n}\n// c\nelse {\n}\n", 1, 7);
+}
+
+TEST(FormattingWireLayout, BracesInsideBracketsAndParentheses) {
+    expectFormatted("[{a}, {b}];\nf({});", "[ {\n    a\n}, {\n    b\n}\n];\nf( {\n});\n", 1, 6);
+}
+
+TEST(FormattingWireLayout, SemicolonInsideParenthesesWithoutAForBreaksTheLine) {
+    expectFormatted("(a;b);", "(a;\nb);\n", 0, 6);
+}
+
+TEST(FormattingWireLayout, ParenthesisAroundAForClosesItsHeaderState) {
+    // The outer parenthesis closes at the depth where the for header began,
+    // so the later statement is broken after its semicolon again.
+    expectFormatted("(for(a;b));(c;d);", "(for (a; b));\n(c;\nd);\n", 0, 17);
+}
+
 // ---------------------------------------------------------------------------
 // Comments
 
@@ -358,6 +396,22 @@ TEST(FormattingWireSpacing, LambdasAndObjectCreation) {
 
 TEST(FormattingWireSpacing, NumbersKeepTheirSourceText) {
     expectFormatted("x=0xFF+1.5e3f-1_000;", "x = 0xFF + 1.5e3f - 1_000;\n", 0, 20);
+}
+
+TEST(FormattingWireSpacing, MinusAsTheFirstTokenIsAPrefix) {
+    expectFormatted("-x;", "-x;\n", 0, 3);
+}
+
+TEST(FormattingWireSpacing, MinusAfterCaseIsNoPrefix) {
+    expectFormatted("case -1: x;", "case - 1: x;\n", 0, 11);
+}
+
+TEST(FormattingWireSpacing, TypeKeywordBeforeBracketIsSpaced) {
+    expectFormatted("let a: int[] = [];\nif(x)return;", "let a: int [] = [];\nif (x) return;\n", 1, 12);
+}
+
+TEST(FormattingWireSpacing, AfterClosingBracketOnlyDotsAndBracketsStayTight) {
+    expectFormatted("x = m[0]:1;\ny = f()!;\nz = a[i]?.n;", "x = m[0] : 1;\ny = f() !;\nz = a[i]?.n;\n", 2, 12);
 }
 
 // ---------------------------------------------------------------------------
