@@ -427,3 +427,175 @@ TEST(FormattingWireEditorSpacing, AnnotationAndTestDeclaration) {
 TEST(FormattingWireEditorSpacing, CompoundAssignmentsAndShifts) {
     expectFormats("x+=1;y<<=2;z>>=3;", "x += 1;\ny << = 2;\nz >> = 3;\n");
 }
+
+// ---- Corners of the token walk ----------------------------------------------
+
+TEST(FormattingWireEditorCorners, WhitespaceOnlyDocumentBecomesEmptyText) {
+    EXPECT_EQ(formatOverWire("   \n\n  "), editAnswer("", 2, 2));
+}
+
+TEST(FormattingWireEditorCorners, LoneCommentGetsAFinalLineFeed) {
+    expectFormats("// x", "// x\n");
+    expectFormats("x;\r", "x;\n");
+}
+
+TEST(FormattingWireEditorCorners, EmptyStringFirstLeavesTheOutputEmpty) {
+    expectFormats("\"\"\n\n\nx;", "\nx;\n");
+    expectFormats("\"\" x;", "x;\n");
+    expectFormats("\"\" + x;", "+ x;\n");
+    expectFormats("\"\" // c", "// c\n");
+}
+
+TEST(FormattingWireEditorCorners, SpaceInsideAStringCountsForTheNextDecision) {
+    expectFormats("x = \"a \" + b;", "x = a + b;\n");
+    expectFormats("s = \"x\\n\" {}", "s = x\n{\n}\n");
+    expectFormats("s = \"x\\n\" + b;", "s = x\n+ b;\n");
+}
+
+TEST(FormattingWireEditorCorners, RawControlByteInAStringIsEscapedOnTheWayOut) {
+    expectFormats("s = \"a\x01" "b\x7f\";", "s = a\x01" "b\x7f;\n");
+}
+
+TEST(FormattingWireEditorCorners, BlankLineInsideAnExpressionBreaksIt) {
+    expectFormats("x =\n\n1;", "x =\n\n1;\n");
+    expectFormats("a;\n\nb;", "a;\n\nb;\n");
+}
+
+TEST(FormattingWireEditorCorners, NestedBlockCommentIsOneToken) {
+    expectFormats("/* a /* b */ c */ x", "/* a /* b */ c */\nx\n");
+}
+
+TEST(FormattingWireEditorCorners, PrefixAtTheVeryStart) {
+    expectFormats("-x;", "-x;\n");
+    expectFormats("a;\n++i;", "a;\n++i;\n");
+    expectFormats("x = -(a);", "x = -(a);\n");
+}
+
+TEST(FormattingWireEditorCorners, PrefixInsideBracketsAndCalls) {
+    expectFormats("a[-1];", "a[-1];\n");
+    expectFormats("f(++i);", "f(++i);\n");
+    expectFormats("if (-x > 0) {}", "if (-x > 0) {\n}\n");
+    expectFormats("x = ~y;", "x = ~y;\n");
+    expectFormats("a~b;", "a~b;\n");
+}
+
+TEST(FormattingWireEditorCorners, PrefixAfterArrowsAndCoalescing) {
+    expectFormats("f = x => -x;", "f = x => -x;\n");
+    expectFormats("y = a ?? -1;", "y = a ?? -1;\n");
+}
+
+TEST(FormattingWireEditorCorners, MinusAfterQuestionMarkIsBinary) {
+    expectFormats("y = a ? -1 : -2;", "y = a ? - 1:-2;\n");
+}
+
+TEST(FormattingWireEditorCorners, AfterClosingParenthesisOrBracket) {
+    expectFormats("(a)b", "(a) b\n");
+    expectFormats("[a]:b", "[a] : b\n");
+    expectFormats("(a)?b:c", "(a) ? b: c\n");
+    expectFormats("a[0]?.b", "a[0]?.b\n");
+    expectFormats("f()..g()", "f() ..g()\n");
+    expectFormats("a[0]..b", "a[0] ..b\n");
+}
+
+TEST(FormattingWireEditorCorners, KeywordsAgainstLiterals) {
+    expectFormats("a = true.x + null.y;", "a = true.x + null .y;\n");
+    expectFormats("f(this, null, false);", "f(this, null, false);\n");
+    expectFormats("let a: int[] = x;", "let a: int [] = x;\n");
+    expectFormats("return;", "return;\n");
+}
+
+TEST(FormattingWireEditorCorners, DoubleColon) {
+    expectFormats("a::b", "a: : b\n");
+}
+
+TEST(FormattingWireEditorCorners, SemicolonInsideParenthesesWithoutFor) {
+    expectFormats("f(a;b);", "f(a;\nb);\n");
+}
+
+TEST(FormattingWireEditorCorners, StrayClosingParenthesesDoNotGoBelowZero) {
+    expectFormats("))\nfor(;;){}\nf(a;b);", ")) for (; ; ) {\n}\nf(a; b);\n");
+}
+
+TEST(FormattingWireEditorCorners, BrokenSyntaxIsStillFormatted) {
+    expectFormats("fn (((", "fn (((\n");
+}
+
+TEST(FormattingWireEditorCorners, ByteOrderMarkIsAScannerError) {
+    expectFormats("\xEF\xBB\xBFx;", "\xEF\xBB\xBFx;");
+}
+
+// ---- Whole programs -----------------------------------------------------------
+
+TEST(FormattingWireEditorProgram, InterfaceClassAndLoop) {
+    std::string source =
+        "/// A shape.\n"
+        "interface Shape {\n"
+        "    fn area(): double;\n"
+        "}\n"
+        "\n"
+        "class Circle implements Shape {\n"
+        "    private r: double;\n"
+        "\n"
+        "    fn area(): double {\n"
+        "        return 3.14 * r * r; // approx\n"
+        "    }\n"
+        "}\n"
+        "\n"
+        "fn total(shapes: List<Shape>): double {\n"
+        "    var sum = 0.0;\n"
+        "    for (var i = 0; i < shapes.size(); i++) {\n"
+        "        if (shapes[i] == null) { continue; }\n"
+        "        else if (i > 10) { break; }\n"
+        "        sum += shapes[i].area();\n"
+        "    }\n"
+        "    let f = (x: double) => x * 2.0;\n"
+        "    return f(sum);\n"
+        "}\n";
+    std::string formatted =
+        "/// A shape.\n"
+        "interface Shape {\n"
+        "    fn area(): double;\n"
+        "}\n"
+        "\n"
+        "class Circleimplements Shape {\n"
+        "    private r: double;\n"
+        "\n"
+        "    fn area(): double {\n"
+        "        return 3.14 * r * r;\n"
+        "        // approx\n"
+        "    }\n"
+        "}\n"
+        "\n"
+        "fn total(shapes: List < Shape >): double {\n"
+        "    var sum = 0.0;\n"
+        "    for (var i = 0; i < shapes.size(); i++) {\n"
+        "        if (shapes[i] == null) {\n"
+        "            continue;\n"
+        "        } else if (i > 10) {\n"
+        "            break;\n"
+        "        }\n"
+        "        sum += shapes[i].area();\n"
+        "    }\n"
+        "    let f = (x: double) => x * 2.0;\n"
+        "    return f(sum);\n"
+        "}\n";
+    expectFormats(source, formatted);
+}
+
+TEST(FormattingWireEditorProgram, LambdaBodyAfterAForLoopKeepsItsStatementsTogether) {
+    std::string source =
+        "fn main() {\n"
+        "    for (let x in xs) { print(x); }\n"
+        "    run(() => { a(); b(); });\n"
+        "}\n";
+    std::string formatted =
+        "fn main() {\n"
+        "    for (let xinxs) {\n"
+        "        print(x);\n"
+        "    }\n"
+        "    run(() => {\n"
+        "        a(); b(); \n"
+        "    });\n"
+        "}\n";
+    expectFormats(source, formatted);
+}
