@@ -249,6 +249,28 @@ TEST(WireBodies, ShortBodyAtEndOfInputIsDispatchedOnce) {
     EXPECT_EQ(result.out, frame(PLAIN_ANSWER));
 }
 
+TEST(WireBodies, ShortBodyIsPaddedWithNulBytesThatShowInTheAnswer) {
+    // The id string is cut off by the end of input; the two bytes of padding
+    // become part of it and come back escaped.
+    std::string body = R"({"id":"cut)";
+    std::string input = "Content-Length: ";
+    input.append(std::to_string(body.size() + 2)).append("\r\n\r\n").append(body);
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    EXPECT_EQ(result.out, frame(nullAnswer(R"("cut\u0000\u0000")")));
+}
+
+TEST(WireBodies, NumberOutOfRangeEndsTheProcessAbnormallyAndSilently) {
+    std::string input = frame(PLAIN_BODY);
+    input.append(frame(R"({"id":1e999,"method":"x"})"));
+    input.append(frame(PLAIN_BODY));
+    ProcessResult result = runServer(input);
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_FALSE(result.exited && result.exitStatus == 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, frame(PLAIN_ANSWER));
+}
+
 TEST(WireBodies, BodyIsExactlyTheAnnouncedBytesAndTheRestIsTheNextHeader) {
     // The first message is the eight bytes {"id":3}; what follows is framed on its own.
     std::string input = withHeader("Content-Length: 8\r\n\r\n", R"({"id":3})");

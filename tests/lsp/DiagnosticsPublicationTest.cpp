@@ -206,3 +206,28 @@ TEST_F(PublicationTest, HalfTypedClassStillEndsWithItsReports) {
     EXPECT_FALSE(found.empty());
     for (const quor::lsp::Diagnostic& diagnostic : found) EXPECT_EQ(diagnostic.source, "quorls");
 }
+
+TEST_F(PublicationTest, ComputingWritesNothingToTheClient) {
+    // The engine prints its report into a private stream that is dropped.
+    std::vector<quor::lsp::Diagnostic> found = server.computeDiagnostics("u", "# let x = ;");
+    EXPECT_EQ(found.size(), 1u);
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(PublicationTest, PublicationHasOnlyUriAndDiagnosticsAndNoVersion) {
+    server.handleDidOpen(quor::lsp::testing::parse(
+        R"({"textDocument":{"uri":"file:///v.quor","languageId":"quor","version":7,"text":"\n  #"}})"));
+    EXPECT_EQ(out.str(),
+              framed(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[)"
+                     R"m({"code":"E1000","message":"Unexpected character: '#' (Remove or replace the invalid character)",)m"
+                     R"("range":{"end":{"character":3,"line":1},"start":{"character":2,"line":1}},"severity":1,"source":"quorls"}],)"
+                     R"("uri":"file:///v.quor"}})"));
+}
+
+TEST_F(PublicationTest, TextIsReadFromTheStoreAtPublicationTime) {
+    server.openDocument("u", "#");
+    server.updateDocument("u", "");
+    server.publishDiagnostics("u");
+    EXPECT_EQ(out.str(),
+              framed(R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics","params":{"diagnostics":[],"uri":"u"}})"));
+}

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <stdexcept>
 
 #include "lsp/JsonValue.h"
@@ -300,4 +301,59 @@ TEST(JsonParserStrings, UnterminatedStringEndsAtEndOfInput) {
 TEST(JsonParserStrings, RawControlBytesAndUtf8AreKept) {
     EXPECT_EQ(parse("\"a\nb\x01\tc\"").stringValue, "a\nb\x01\tc");
     EXPECT_EQ(parse("\"h\xC3\xA9llo\"").stringValue, "h\xC3\xA9llo");
+}
+
+TEST(JsonParserNumbers, MagnitudeTooSmallForADoubleThrows) {
+    // No minus sign can reach the exponent, so only a long run of zeros
+    // behind the point gets there.
+    std::string tiny = "0.";
+    tiny.append(400, '0').append("1");
+    EXPECT_THROW(parse(tiny), std::out_of_range);
+}
+
+TEST(JsonParserNumbers, ValueIsTheUsablePrefixOfTheScannedText) {
+    std::size_t pos = 0;
+    JsonValue value = parseAt("1e+2e3]", pos);
+    EXPECT_EQ(value.numberValue, 100.0);
+    EXPECT_EQ(pos, 6u);
+    value = parseAt("-0", pos);
+    EXPECT_EQ(value.type, JsonValue::Type::Number);
+    EXPECT_TRUE(std::signbit(value.numberValue));
+}
+
+TEST(JsonParserStrings, NulBytesAreKeptAsTheyCame) {
+    std::string text = "\"a";
+    text.push_back('\0');
+    text.append("b\"");
+    std::size_t pos = 0;
+    JsonValue value = parseAt(text, pos);
+    EXPECT_EQ(value.stringValue, std::string("a\0b", 3));
+    EXPECT_EQ(pos, text.size());
+}
+
+TEST(JsonParserObjects, KeyIsReadWithTheStringEscapes) {
+    JsonValue value = parse(R"({"a\"b\u0041":1})");
+    ASSERT_EQ(value.objectValue.size(), 1u);
+    EXPECT_EQ(value.objectValue.begin()->first, "a\"b?");
+}
+
+TEST(JsonParserObjects, EndOfInputRightAfterAKeyGivesItANull) {
+    JsonValue value = parse(R"({"a")");
+    ASSERT_EQ(value.objectValue.size(), 1u);
+    EXPECT_EQ(value.objectValue.at("a").type, JsonValue::Type::Null);
+}
+
+TEST(JsonParserArrays, DeepNestingIsReadWhole) {
+    const std::size_t depth = 2000;
+    std::string text(depth, '[');
+    text.append(depth, ']');
+    JsonValue value = parse(text);
+    std::size_t levels = 0;
+    const JsonValue* cursor = &value;
+    while (cursor->isArray()) {
+        ++levels;
+        if (cursor->arrayValue.empty()) break;
+        cursor = &cursor->arrayValue[0];
+    }
+    EXPECT_EQ(levels, depth);
 }

@@ -137,3 +137,31 @@ TEST(Writers, ErrorShape) {
     server.sendError(quor::lsp::JsonValue(4), -32601, "Method not found");
     EXPECT_EQ(out.str(), framed(R"({"error":{"code":-32601,"message":"Method not found"},"id":4,"jsonrpc":"2.0"})"));
 }
+
+TEST(MessageLoop, ShortBodyIsPaddedWithNulBytes) {
+    // The string id is cut off by the end of input; the three NUL bytes of
+    // padding become part of it and are escaped on the way out.
+    std::string body = R"({"id":"ab)";
+    std::string input = "Content-Length: ";
+    input.append(std::to_string(body.size() + 3)).append("\r\n\r\n").append(body);
+    EXPECT_EQ(runSession(input), framed(R"({"id":"ab\u0000\u0000\u0000","jsonrpc":"2.0","result":null})"));
+}
+
+TEST(MessageLoop, EveryResponseIsFlushedBeforeTheNextHeaderIsRead) {
+    // The input ends in the middle of a header block: the answer to the first
+    // message is already out when the loop gives up.
+    std::istringstream in(framed(R"({"id":1,"method":"x"})") + "Content-Length: 9\r\n");
+    std::ostringstream out;
+    LspServer server(in, out);
+    server.run();
+    EXPECT_EQ(out.str(), framed(R"({"id":1,"jsonrpc":"2.0","result":null})"));
+    EXPECT_TRUE(server.isRunning());
+}
+
+TEST(MessageLoop, MessagesAfterAShortBodyAreNeverRead) {
+    // A length larger than the body swallows the next frame into the body.
+    std::string body = R"({"id":1,"method":"x"})";
+    std::string input = "Content-Length: ";
+    input.append(std::to_string(body.size() + 5)).append("\r\n\r\n").append(body).append(framed(R"({"id":2})"));
+    EXPECT_EQ(runSession(input), framed(R"({"id":1,"jsonrpc":"2.0","result":null})"));
+}
