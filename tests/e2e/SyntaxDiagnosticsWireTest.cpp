@@ -569,3 +569,85 @@ TEST(SyntaxDiagnosticsWire, UnusedKeywordsAreStrayTokens) {
     expectPublished("trait T {}", {{1, 1, EXPR + "trait"}, {1, 7, SEMI_EXPR}, {1, 9, SEMI_EXPR}});
     expectPublished("@x;", {{1, 1, EXPR + "@"}, {1, 2, SEMI_EXPR}});
 }
+
+TEST(SyntaxDiagnosticsWire, BareFunctionTakesNoColonReturnType) {
+    expectPublished("f(): int { }", {{1, 4, SEMI_EXPR}, {1, 4, EXPR + ":"}, {1, 6, SEMI_EXPR}, {1, 10, SEMI_EXPR}});
+}
+
+TEST(SyntaxDiagnosticsWire, ConstructorNeedsABlockBody) {
+    expectPublished("class A { A() => 1; }", {{1, 15, "Expected '{' to start block"},
+                                              {1, 15, EXPR + "=>"},
+                                              {1, 18, SEMI_EXPR},
+                                              {1, 22, "Expected '}' at end of class body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, LoopHeadersWithoutOpeningParenthesis) {
+    expectPublished("for i in a) {}", {{1, 5, "Expected '(' after 'for'"}});
+    expectPublished("while x) {}", {{1, 7, "Expected '(' after 'while'"}});
+    expectPublished("do {} while (x;", {{1, 15, "Expected ')' after do-while condition"}});
+}
+
+TEST(SyntaxDiagnosticsWire, JumpStatementsWithoutSemicolons) {
+    expectPublished("break\ncontinue\nthrow x", {{2, 1, "Expected ';' after break"},
+                                                 {3, 1, "Expected ';' after continue"},
+                                                 {3, 8, "Expected ';' after throw statement"}});
+}
+
+TEST(SyntaxDiagnosticsWire, UnclosedTypeParameterList) {
+    expectPublished("fn f<T() {}", {{1, 7, "Expected '>' after generic type parameters"}});
+}
+
+TEST(SyntaxDiagnosticsWire, MatchWithoutArms) {
+    expectPublished("match x ;", {{1, 9, "Expected '{' before match arms"},
+                                  {1, 9, EXPR + ";"},
+                                  {1, 10, "Expected '=>' after match pattern"},
+                                  {1, 10, EXPR},
+                                  {1, 10, "Expected '}' after match block"}});
+}
+
+TEST(SyntaxDiagnosticsWire, SwitchWithoutCases) {
+    expectPublished("switch (x) ;", {{1, 12, "Expected '{' before switch cases"},
+                                     {1, 12, "Expected 'case' or 'default' in switch block"},
+                                     {1, 13, "Expected '}' after switch cases"}});
+}
+
+TEST(SyntaxDiagnosticsWire, EnumHeaderFaults) {
+    expectPublished("enum E ;", {{1, 8, "Expected '{' to start enum body"},
+                                 {1, 8, "Expected enum variant identifier"},
+                                 {1, 8, "Expected '}' at end of enum body"}});
+    expectPublished("enum {}", {{1, 6, "Expected enum name"}});
+}
+
+TEST(SyntaxDiagnosticsWire, InterfaceHeaderFaults) {
+    expectPublished("interface {", {{1, 11, "Expected interface name"}, {1, 12, "Expected '}' at end of interface body"}});
+    expectPublished("interface I;", {{1, 12, "Expected '{' to start interface body"},
+                                     {1, 12, "Only method signatures are permitted in interfaces"},
+                                     {1, 13, "Expected '}' at end of interface body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, StructHeaderFaults) {
+    expectPublished("struct {", {{1, 8, "Expected struct name"}, {1, 9, "Expected '}' at end of struct body"}});
+    expectPublished("struct S;", {{1, 9, "Expected '{' to start struct body"},
+                                  {1, 9, "Expected type name"},
+                                  {1, 9, "Expected field name in struct"},
+                                  {1, 10, "Expected '}' at end of struct body"}});
+}
+
+TEST(SyntaxDiagnosticsWire, UnclosedBraceArrayLiteral) {
+    expectPublished("let a = {1, 2;", {{1, 14, "Expected '}' at end of array literal"}});
+}
+
+TEST(SyntaxDiagnosticsWire, NewWithoutClassName) {
+    expectPublished("let p = new 1;", {{1, 13, "Expected class name after 'new'"},
+                                       {1, 13, "Expected '(' after class name in new expression"},
+                                       {1, 14, "Expected ')' after constructor arguments"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ImportPathEndingInADot) {
+    expectPublished("import a.;", {{1, 10, "Expected identifier after '.' in import path"}});
+}
+
+TEST(SyntaxDiagnosticsWire, ClassInterfaceListFaults) {
+    expectPublished("class A : B, {}", {{1, 14, "Expected interface name after ','"}});
+    expectPublished("class A implements {}", {{1, 20, "Expected interface name after 'implements'"}});
+}
