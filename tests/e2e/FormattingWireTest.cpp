@@ -444,6 +444,38 @@ TEST(FormattingWireLiterals, UnicodeEscapeInTheMessageArrivesAsAQuestionMark) {
     EXPECT_EQ(responseFor(result.out, "2"), editResponse("2", "s = ?;\n", 0, 8));
 }
 
+TEST(FormattingWireLiterals, EmptyStringAtLineStartLeavesTheLineOpen) {
+    // The empty lexeme writes nothing, so the comment behind it finds the
+    // line feed still last and puts a space in front of itself.
+    expectFormatted("x;\n\"\" // c", "x;\n // c\n", 1, 7);
+    // A closing brace behind it starts a new line of its own.
+    expectFormatted("{\nx;\n\"\"}", "{\n    x;\n    \n}\n", 2, 3);
+    // An opening brace behind it takes no space.
+    expectFormatted("x;\n\"\"{}", "x;\n{\n}\n", 1, 4);
+}
+
+TEST(FormattingWireLiterals, CharacterLiteralLineFeedIsWrittenRaw) {
+    expectFormatted("c = '\\n';\nd = 1;", "c = \n;\nd = 1;\n", 1, 6);
+}
+
+TEST(FormattingWireLiterals, UnicodeEscapesBecomeUtf8) {
+    expectFormatted("s = \"\\u00e9\";", "s = \xC3\xA9;\n", 0, 13);
+    // Each half of a surrogate pair is encoded alone, three bytes each.
+    expectFormatted("x = \"\\uD83D\\uDE00\";", "x = \xED\xA0\xBD\xED\xB8\x80;\n", 0, 19);
+}
+
+TEST(FormattingWireLiterals, NulByteFromAnEscapeIsEscapedOnTheWire) {
+    expectFormatted("s = \"\\0\";", std::string("s = \0;\n", 7), 0, 9);
+}
+
+TEST(FormattingWireLiterals, EscapedQuotesInsideAnInterpolation) {
+    expectFormatted("print(\"v: ${f(\\\"a\\\")}\");", "print(v: ${f(\"a\")});\n", 0, 24);
+}
+
+TEST(FormattingWireSpacing, NestedGenericClosesWithOneShiftToken) {
+    expectFormatted("let a: List<List<int>> = x;", "let a: List < List < int >> = x;\n", 0, 27);
+}
+
 // ---------------------------------------------------------------------------
 // A whole program
 
