@@ -414,6 +414,9 @@ TEST(SyntaxDiagnosticsWire, AcceptedFormsProduceNoSyntaxReports) {
         "a.int; a.spawn; assert(x); spawn(y); int(3); string.valueOf(1);",
         "f() { } g(int a) -> int { } h() => 1;",
         "fn spawn() { } fn int() { } fn f(): int { return 1; }",
+        "Map<int string> m; int[]? n = null; let o = a.b.c?.d ?? e;",
+        "class K { public K() { } static K(int x) { } }",
+        "for (var i = 0; i < n; i++) { if (i > 2) { break; } else if (i < 1) continue; }",
     };
     for (std::size_t i = 0; i < forms.size(); ++i) {
         std::string text = forms[i];
@@ -650,4 +653,8 @@ TEST(SyntaxDiagnosticsWire, ImportPathEndingInADot) {
 TEST(SyntaxDiagnosticsWire, ClassInterfaceListFaults) {
     expectPublished("class A : B, {}", {{1, 14, "Expected interface name after ','"}});
     expectPublished("class A implements {}", {{1, 20, "Expected interface name after 'implements'"}});
+}
+
+TEST(SyntaxDiagnosticsWire, NullableMarkBeforeArrayMarkIsATernary) {
+    expectPublished("int?[] x;", {{1, 8, "Expected ':' in ternary operator"}});
 }
