@@ -599,3 +599,47 @@ TEST(FormattingWireEditorProgram, LambdaBodyAfterAForLoopKeepsItsStatementsToget
         "}\n";
     expectFormats(source, formatted);
 }
+
+// ---- More lexemes and boundaries ----------------------------------------------
+
+TEST(FormattingWireEditorLexemes, DecodedBytesGoOutRawOrEscaped) {
+    expectFormats("s = \"\\uD83D\\uDE00\";", "s = \xED\xA0\xBD\xED\xB8\x80;\n");
+    expectFormats("s = \"\\u00e9\";", "s = \xC3\xA9;\n");
+    expectFormats("s = \"\\$x\";", "s = \\$x;\n");
+    EXPECT_EQ(formatOverWire("s = \"a\\0b\";"), expectedFor("s = \"a\\0b\";", std::string("s = a\0b;\n", 9)));
+}
+
+TEST(FormattingWireEditorLexemes, CharLiteralsCarryTheirDecodedByte) {
+    expectFormats("c = '\\n';", "c = \n;\n");
+    expectFormats("c = '\n'; x;", "c = \n;\nx;\n");
+    expectFormats("c = '\\q';", "c = q;\n");
+}
+
+TEST(FormattingWireEditorLexemes, CommentsKeepArbitraryBytes) {
+    expectFormats("// caf\xC3\xA9 \xFF\nx;", "// caf\xC3\xA9 \xFF\nx;\n");
+    expectFormats("x; /// doc", "x;\n/// doc\n");
+    expectFormats("//// four", "//// four\n");
+}
+
+TEST(FormattingWireEditorLexemes, NumbersSplitByTheScannerStayTogether) {
+    expectFormats("x = 0b102;", "x = 0b102;\n");
+    expectFormats("x = 10f;", "x = 10f;\n");
+    expectFormats("x = 1.foo;", "x = 1.foo;\n");
+}
+
+TEST(FormattingWireEditorCorners, ForNestedInParenthesesIsForgottenAtItsOwnDepth) {
+    expectFormats("f(for(;;));g(a;b);", "f(for (; ; ));\ng(a;\nb);\n");
+}
+
+TEST(FormattingWireEditorCorners, KeywordRangeEnds) {
+    expectFormats("true x;", "truex;\n");
+    expectFormats("byte x;", "byte x;\n");
+    expectFormats("this?.x;", "this ?.x;\n");
+    expectFormats("let s: string? x;", "let s: string ? x;\n");
+}
+
+TEST(FormattingWireEditorCorners, IndexingChainsAreSpaced) {
+    expectFormats("m[i][j] = 0;", "m[i] [j] = 0;\n");
+    expectFormats("a[0](1);", "a[0] (1);\n");
+    expectFormats("[1, 2] x", "[1, 2] x\n");
+}
