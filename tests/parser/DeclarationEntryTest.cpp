@@ -10,19 +10,7 @@
 namespace quor::parser::testing {
 namespace {
 
-
 using Parsed = ParsedProgram;
-
-// One report at the location of the EndOfFile token.
-void expectReportAtEnd(const Parsed& p, std::size_t index, const std::string& message) {
-    ASSERT_LT(index, p.reports());
-    const auto& d = p.report(index);
-    EXPECT_EQ(d.message, message);
-    EXPECT_EQ(d.code, "E1000");
-    EXPECT_EQ(d.location.file, p.endLocation().file);
-    EXPECT_EQ(d.location.line, p.endLocation().line);
-    EXPECT_EQ(d.location.column, p.endLocation().column);
-}
 
 // ---- modifiers ----
 

@@ -10,7 +10,6 @@
 namespace quor::parser::testing {
 namespace {
 
-
 using Parsed = ParsedProgram;
 
 TEST(DeclarationTest, StringNamedTestBecomesAPlainFunction) {

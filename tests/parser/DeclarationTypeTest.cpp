@@ -9,18 +9,7 @@
 namespace quor::parser::testing {
 namespace {
 
-
 using Parsed = ParsedProgram;
-
-void expectReportAtEnd(const Parsed& p, std::size_t index, const std::string& message) {
-    ASSERT_LT(index, p.reports());
-    const auto& d = p.report(index);
-    const auto& end = p.run.tokens.back().location;
-    EXPECT_EQ(d.message, message);
-    EXPECT_EQ(d.code, "E1000");
-    EXPECT_EQ(d.location.line, end.line);
-    EXPECT_EQ(d.location.column, end.column);
-}
 
 template <class T>
 const T* member(const ast::ClassDecl& cls, std::size_t index) {

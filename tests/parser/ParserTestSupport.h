@@ -324,6 +324,12 @@ inline void expectReport(const diagnostics::Diagnostic& d, const std::string& me
     EXPECT_EQ(d.location.column, column);
 }
 
+// The node as class T, or nullptr when it is of another class.
+template <class T>
+const T* as(const ast::ASTNode* node) {
+    return dynamic_cast<const T*>(node);
+}
+
 // A whole source parsed as a program, with typed access to its declarations.
 struct ParsedProgram {
     explicit ParsedProgram(std::string_view source) : run(source), program(run.program()) {}
@@ -342,6 +348,18 @@ struct ParsedProgram {
     ParseRun run;
     std::unique_ptr<ast::Program> program;
 };
+
+// One report of a program's parse, standing at the EndOfFile token: its
+// message, the syntax code and the place of that token.
+inline void expectReportAtEnd(const ParsedProgram& p, std::size_t index, const std::string& message) {
+    ASSERT_LT(index, p.reports());
+    const auto& d = p.report(index);
+    EXPECT_EQ(d.message, message);
+    EXPECT_EQ(d.code, "E1000");
+    EXPECT_EQ(d.location.file, p.endLocation().file);
+    EXPECT_EQ(d.location.line, p.endLocation().line);
+    EXPECT_EQ(d.location.column, p.endLocation().column);
+}
 
 }  // namespace testing
 }  // namespace quor::parser

@@ -11,13 +11,6 @@ namespace {
 
 using lexer::TokenType;
 
-template <class T>
-const T* as(const ast::ASTNode* node) {
-    return dynamic_cast<const T*>(node);
-}
-
-// One report: message text, line and column, with code E1000 and no hint.
-
 TEST(StatementBlock, EmptyBracesAreAnEmptyBlockNotAMap) {
     ParseRun run("{}");
     auto stmt = run.access().parseStatement();

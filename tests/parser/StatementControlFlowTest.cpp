@@ -9,12 +9,6 @@
 namespace quor::parser::testing {
 namespace {
 
-template <class T>
-const T* as(const ast::ASTNode* node) {
-    return dynamic_cast<const T*>(node);
-}
-
-
 // Parses one statement and checks that it is of class T.
 template <class T>
 struct Parsed {
