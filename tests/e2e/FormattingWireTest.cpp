@@ -414,6 +414,30 @@ TEST(FormattingWireSpacing, AfterClosingBracketOnlyDotsAndBracketsStayTight) {
     expectFormatted("x = m[0]:1;\ny = f()!;\nz = a[i]?.n;", "x = m[0] : 1;\ny = f() !;\nz = a[i]?.n;\n", 2, 12);
 }
 
+TEST(FormattingWireSpacing, OnlyReservedWordsCountAsKeywords) {
+    // null and int are reserved words; true and Int are a literal and a name.
+    expectFormatted("x = null.y;\nz = true.y;\nlet a: Int[] = b;\nlet c: int[] = d;",
+                    "x = null .y;\nz = true.y;\nlet a: Int[] = b;\nlet c: int [] = d;\n", 3, 17);
+}
+
+TEST(FormattingWireSpacing, StrayClosingParenthesesDoNotUnderflow) {
+    expectFormatted(")))x;\nfor(;;){}", "))) x;\nfor (; ; ) {\n}\n", 1, 9);
+}
+
+TEST(FormattingWireLayout, DeepNestingIndentsEveryLevel) {
+    const int depth = 100;
+    std::string source(depth, '{');
+    source.append(depth, '}');
+    std::string formatted;
+    for (int level = 0; level < depth; ++level) formatted.append(std::size_t(level) * 4, ' ').append("{\n");
+    for (int level = depth - 1; level >= 0; --level) formatted.append(std::size_t(level) * 4, ' ').append("}\n");
+    expectFormatted(source, formatted, 0, 2 * depth);
+}
+
+TEST(FormattingWireComments, NestedBlockCommentIsOneToken) {
+    expectFormatted("/* a /* b */ c */ x;", "/* a /* b */ c */\nx;\n", 0, 20);
+}
+
 // ---------------------------------------------------------------------------
 // Literals are written as their decoded content
 
