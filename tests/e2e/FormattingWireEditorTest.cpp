@@ -643,3 +643,36 @@ TEST(FormattingWireEditorCorners, IndexingChainsAreSpaced) {
     expectFormats("a[0](1);", "a[0] (1);\n");
     expectFormats("[1, 2] x", "[1, 2] x\n");
 }
+
+// ---- Operator tables ----------------------------------------------------------
+
+// The two-operand operators that get a space on both sides.
+const char* const SPACED_OPERATOR_TEXTS[] = {"+",  "-",  "*",  "/",  "%",  "==", "!=", "<",  ">",
+                                             "<=", ">=", "&&", "||", "&",  "|",  "^",  "<<", ">>",
+                                             "=",  "+=", "-=", "*=", "/=", "%=", "->", "=>", "??"};
+
+TEST(FormattingWireEditorOperators, EverySpacedOperatorGetsSpacesOnBothSides) {
+    std::string source;
+    std::string formatted;
+    for (const char* op : SPACED_OPERATOR_TEXTS) {
+        source.append("a").append(op).append("b;");
+        formatted.append("a ").append(op).append(" b;\n");
+    }
+    expectFormats(source, formatted);
+}
+
+TEST(FormattingWireEditorOperators, PrefixBehindEverySpacedOperatorIsSpacedFromIt) {
+    std::string source;
+    std::string formatted;
+    for (const char* op : SPACED_OPERATOR_TEXTS) {
+        source.append("a").append(op).append("!b;");
+        formatted.append("a ").append(op).append(" !b;\n");
+    }
+    expectFormats(source, formatted);
+}
+
+TEST(FormattingWireEditorOperators, OperatorsThatAreNeverSpaced) {
+    expectFormats("a=x.y?.z..w;", "a = x.y?.z..w;\n");
+    expectFormats("a=!-b;", "a = !- b;\n");
+    expectFormats("b=a++;c=a--;", "b = a++;\nc = a--;\n");
+}
