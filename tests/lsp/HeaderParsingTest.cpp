@@ -156,3 +156,42 @@ TEST(Framing, FrameCarriesTheByteCount) {
 TEST(Framing, CountIsInBytesNotCharacters) {
     EXPECT_EQ(LspServer::frameMessage("\"\xC3\xA9\""), "Content-Length: 4\r\n\r\n\"\xC3\xA9\"");
 }
+
+TEST(HeaderParsing, OnlyOneCarriageReturnIsRemoved) {
+    // "\r\r" keeps one carriage return, so it neither ends the block nor is a header.
+    HeaderResult result = readHeader("Content-Length: 4\r\n\r\r\nContent-Length: 6\r\n\r\n");
+    EXPECT_TRUE(result.ok);
+    EXPECT_EQ(result.length, 6u);
+}
+
+TEST(HeaderParsing, NameAloneWithNothingBehindTheColonReadsAsZero) {
+    HeaderResult result = readHeader("Content-Length: 5\r\nContent-Length:\r\n\r\n");
+    EXPECT_FALSE(result.ok);
+    EXPECT_EQ(result.length, 0u);
+}
+
+TEST(HeaderParsing, NameMustStandAtTheStartOfTheLine) {
+    EXPECT_FALSE(readHeader(" Content-Length: 5\r\n\r\n").ok);
+    EXPECT_FALSE(readHeader("Content-Length : 5\r\n\r\n").ok);
+    EXPECT_FALSE(readHeader("X-Content-Length: 5\r\n\r\n").ok);
+}
+
+TEST(HeaderParsing, ValueIsReadFromBehindTheFirstColon) {
+    EXPECT_EQ(readHeader("Content-Length: 5:6\r\n\r\n").length, 5u);
+    EXPECT_EQ(readHeader("Content-Length:\t6\r\n\r\n").length, 6u);
+    EXPECT_EQ(readHeader("Content-Length: 7   \r\n\r\n").length, 7u);
+    EXPECT_EQ(readHeader("Content-Length: 0012\r\n\r\n").length, 12u);
+}
+
+TEST(HeaderParsing, NegativeValueOtherThanMinusOneWrapsToo) {
+    EXPECT_EQ(readHeader("Content-Length: -2\r\n\r\n").length, UINT64_MAX - 1);
+}
+
+TEST(HeaderParsing, LongerNameWithTheSameFifteenBytesCountsAsALengthHeader) {
+    // Only the first fifteen bytes are compared.
+    HeaderResult result = readHeader("Content-Length:x: 9\r\n\r\n");
+    EXPECT_FALSE(result.ok);
+    result = readHeader("content-length:9 bytes\r\n\r\n");
+    EXPECT_TRUE(result.ok);
+    EXPECT_EQ(result.length, 9u);
+}
