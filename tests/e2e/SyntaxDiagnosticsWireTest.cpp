@@ -341,7 +341,7 @@ TEST(SyntaxDiagnosticsWire, IndexWithoutClosingBracket) {
     expectPublished("a[1;", {{1, 4, "Expected ']' after index"}});
 }
 
-TEST(SyntaxDiagnosticsWire, SpeculativeLambdaTypeReportStaysAfterRewind) {
+TEST(SyntaxDiagnosticsWire, TentativeLambdaTypeReportStaysAfterRewind) {
     expectPublished("let f = (int<x", {{1, 15, "Expected '>' after generic type arguments"},
                                        {1, 15, "Expected ')' after expression"},
                                        {1, 15, SEMI_VAR}});
