@@ -676,3 +676,42 @@ TEST(FormattingWireEditorOperators, OperatorsThatAreNeverSpaced) {
     expectFormats("a=!-b;", "a = !- b;\n");
     expectFormats("b=a++;c=a--;", "b = a++;\nc = a--;\n");
 }
+
+// ---- What the scanner hands over --------------------------------------------
+
+TEST(FormattingWireEditorScanner, StringEscapesAreDecoded) {
+    expectFormats("s = \"\\\"q\\\"\";", "s = \"q\";\n");
+    expectFormats("s = \"\\'\";", "s = ';\n");
+    expectFormats("s = \"\\\\\";", "s = \\;\n");
+    expectFormats("s = \"a\\rb\";", "s = a\rb;\n");
+}
+
+TEST(FormattingWireEditorScanner, UnicodeEscapesBecomeUtf8OfTheirLength) {
+    expectFormats("s = \"\\u007F\";", "s = \x7F;\n");
+    expectFormats("s = \"\\u0080\";", "s = \xC2\x80;\n");
+    expectFormats("s = \"\\u07FF\";", "s = \xDF\xBF;\n");
+    expectFormats("s = \"\\u0800\";", "s = \xE0\xA0\x80;\n");
+}
+
+TEST(FormattingWireEditorScanner, CharEscapesAreDecoded) {
+    expectFormats("c = '\\'';", "c = ';\n");
+    expectFormats("c = '\\\\';", "c = \\;\n");
+    expectFormats("c = '\\\"';", "c = \";\n");
+    expectFormats("c = '\\t';", "c = \t;\n");
+    EXPECT_EQ(formatOverWire("c = '\\0';"), expectedFor("c = '\\0';", std::string("c = \0;\n", 7)));
+}
+
+TEST(FormattingWireEditorScanner, RejectedLiteralsLeaveTheTextAlone) {
+    const char* const rejected[] = {"c = '\\u0041';", "c = '\xC3\xA9';", "c = 'ab';",   "s = \"\\u004\";",
+                                    "s = \"\\uZZZZ\";", "s = \"abc\\",   "x = 1e;",     "x = 1.5e+;",
+                                    "x = 0x;",          "x = 0b_1;",     "x = 0o;",     "a $ b",
+                                    "a ` b",            "a \\ b",        "a \x7F b",    "a \x01 b"};
+    for (const char* source : rejected) expectFormats(source, source);
+}
+
+TEST(FormattingWireEditorScanner, NumbersTheScannerSplitsAreWrittenBackTight) {
+    expectFormats("x = 1e6_0;", "x = 1e6_0;\n");
+    expectFormats("x = 1.5.3;", "x = 1.5.3;\n");
+    expectFormats("x = .5;", "x = .5;\n");
+    expectFormats("x = 1__0_;", "x = 1__0_;\n");
+}
