@@ -478,3 +478,114 @@ TEST(SyntaxDiagnosticsWireRecovery, FixingTheErrorClearsTheList) {
     EXPECT_EQ(bodies[1], publication(URI, {}));
 }
 
+
+// ---- Statements that only exist at the top level, and empty statements ----
+
+TEST(SyntaxDiagnosticsWireRecovery, ClassInsideAFunctionBodyIsNoStatement) {
+    expectSyntaxDiagnostics("fn f() {\n  class A {}\n}", {{2, 3, "Expected expression, found: class"},
+                                                       {2, 9, "Expected ';' after expression"},
+                                                       {2, 11, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, FnInsideAFunctionBodyIsNoStatement) {
+    expectSyntaxDiagnostics("fn f() {\n  fn g() {}\n}", {{2, 3, "Expected expression, found: fn"},
+                                                       {2, 6, "Expected ';' after expression"},
+                                                       {2, 10, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, BareFunctionFormInsideABlockIsACallWithoutSemicolon) {
+    expectSyntaxDiagnostics("fn main() {\n  f() {}\n}", {{2, 7, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, DoubledSemicolonInsideABlock) {
+    expectSyntaxDiagnostics("fn f() {\n  foo();;\n}", {{2, 9, "Expected expression, found: ;"},
+                                                      {3, 1, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, DoWhoseBodyIsAWhileWithAnEmptyBody) {
+    expectSyntaxDiagnostics("do while (x);", {{1, 13, "Expected expression, found: ;"},
+                                              {1, 14, "Expected ';' after expression"},
+                                              {1, 14, "Expected 'while' after 'do' body"},
+                                              {1, 14, "Expected '(' after 'while'"},
+                                              {1, 14, "Expected expression, found: "},
+                                              {1, 14, "Expected ')' after do-while condition"},
+                                              {1, 14, "Expected ';' after do-while statement"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, CaseWithoutValue) {
+    expectSyntaxDiagnostics("switch (x) { case : }", {{1, 19, "Expected expression, found: :"},
+                                                      {1, 21, "Expected ':' after case value"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, UnbalancedParenthesesAreNoBareFunction) {
+    expectSyntaxDiagnostics("foo(a {}", {{1, 7, "Expected ')' after argument list"}, {1, 7, "Expected ';' after expression"}});
+}
+
+// ---- Parameters, interfaces and class headers ----
+
+TEST(SyntaxDiagnosticsWireRecovery, DefaultValueMissingInAParameterList) {
+    expectSyntaxDiagnostics("fn f(a: int = , b) {}", {{1, 15, "Expected expression, found: ,"},
+                                                      {1, 17, "Expected ')' to end parameter list"},
+                                                      {1, 17, "Expected '{' or '=>' for function body"},
+                                                      {1, 18, "Expected ';' after expression"},
+                                                      {1, 18, "Expected expression, found: )"},
+                                                      {1, 20, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, InterfaceMethodsTakeNoTypeParameters) {
+    const std::string stray = "Only method signatures are permitted in interfaces";
+    expectSyntaxDiagnostics("interface I { fn f<T>(); }", {{1, 19, "Expected '(' to begin parameter list"},
+                                                           {1, 19, "Expected parameter name"},
+                                                           {1, 19, "Expected ')' to end parameter list"},
+                                                           {1, 19, "Expected ';' after interface method signature"},
+                                                           {1, 19, stray},
+                                                           {1, 20, stray},
+                                                           {1, 21, stray},
+                                                           {1, 22, stray},
+                                                           {1, 23, stray},
+                                                           {1, 24, stray}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, ImplementsBeforeExtendsEndsTheHeader) {
+    expectSyntaxDiagnostics("class A implements I extends B {}", {{1, 22, "Expected '{' to start class body"},
+                                                                  {1, 22, "Expected expression, found: extends"},
+                                                                  {1, 30, "Expected ';' after expression"},
+                                                                  {1, 32, "Expected ';' after expression"},
+                                                                  {1, 34, "Expected '}' at end of class body"}});
+}
+
+// ---- Half-typed expressions ----
+
+TEST(SyntaxDiagnosticsWireRecovery, LambdaArgumentWithoutBody) {
+    expectSyntaxDiagnostics("list.map(x => );", {{1, 15, "Expected expression, found: )"},
+                                                 {1, 16, "Expected ')' after argument list"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, NewWithoutArgumentList) {
+    expectSyntaxDiagnostics("let l = new List<int>;", {{1, 22, "Expected '(' after class name in new expression"},
+                                                       {1, 22, "Expected expression, found: ;"},
+                                                       {1, 23, "Expected ')' after constructor arguments"},
+                                                       {1, 23, "Expected ';' after variable declaration"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, NewWithoutClassName) {
+    expectSyntaxDiagnostics("let p = new;", {{1, 12, "Expected class name after 'new'"},
+                                             {1, 12, "Expected '(' after class name in new expression"},
+                                             {1, 12, "Expected expression, found: ;"},
+                                             {1, 13, "Expected ')' after constructor arguments"},
+                                             {1, 13, "Expected ';' after variable declaration"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, NonAsciiByteInsideAnInterpolationIsReportedAsThatOneByte) {
+    expectSyntaxDiagnostics("let s = \"${\xc3\xa9}\";", {{1, 1, "Expected expression, found: \xc3"}});
+}
+
+// ---- Positions after tokens that span lines ----
+
+TEST(SyntaxDiagnosticsWireRecovery, StringContinuedWithABackslashCountsTheLine) {
+    expectSyntaxDiagnostics("let s = \"a\\\nb\" x;", {{2, 4, "Expected ';' after variable declaration"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, BlockCommentAcrossLinesCountsTheLine) {
+    expectSyntaxDiagnostics("let x = 1 /* c\n */ y;", {{2, 5, "Expected ';' after variable declaration"}});
+}
