@@ -715,3 +715,23 @@ TEST(FormattingWireEditorScanner, NumbersTheScannerSplitsAreWrittenBackTight) {
     expectFormats("x = .5;", "x = .5;\n");
     expectFormats("x = 1__0_;", "x = 1__0_;\n");
 }
+
+// ---- Blank lines meeting pending spaces ---------------------------------------
+
+TEST(FormattingWireEditorCorners, BlankLinesBeforeElseKeepTheSpaceBehindTheBrace) {
+    expectFormats("if (a) {}\n\n\nelse {}", "if (a) {\n} \n\nelse {\n}\n");
+}
+
+TEST(FormattingWireEditorCorners, BlankLinesInsideAForHeaderKeepTheSpaceBehindTheSemicolon) {
+    expectFormats("for (a;\n\n\nb;c) {}", "for (a; \n\nb; c) {\n}\n");
+}
+
+TEST(FormattingWireEditorCorners, LongDocumentIsFormattedWhole) {
+    std::string source;
+    std::string formatted;
+    for (int i = 0; i < 5000; ++i) {
+        source.append("x").append(std::to_string(i)).append("=y+1;\n");
+        formatted.append("x").append(std::to_string(i)).append(" = y + 1;\n");
+    }
+    expectFormats(source, formatted);
+}
