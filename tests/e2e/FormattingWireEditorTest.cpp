@@ -735,3 +735,14 @@ TEST(FormattingWireEditorCorners, LongDocumentIsFormattedWhole) {
     }
     expectFormats(source, formatted);
 }
+
+// ---- Text as the server decoded it ---------------------------------------------
+
+// An escaped non-ASCII character arrives as one "?", which outside a string is
+// a conditional operator to the formatter.
+TEST(FormattingWireEditorDecodedText, EscapedNonAsciiBecomesAQuestionMark) {
+    std::string open = R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{"textDocument":{"uri":")";
+    open.append(DOC_URI).append(R"(","languageId":"quor","version":1,"text":"let caf\u00e9 = \"caf\u00e9\";"}}})");
+    std::string middle = frame(open) + frame(formattingRequest(DOC_URI, EDITOR_OPTIONS));
+    EXPECT_EQ(answerOf(middle), editAnswer("let caf ? = caf?;\n", 0, 18));
+}
