@@ -1,34 +1,25 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
+#include "FeatureTestSupport.h"
 #include "LspTestSupport.h"
 #include "lsp/LspServer.h"
 
 using quor::lsp::JsonValue;
 using quor::lsp::LspServer;
+using quor::lsp::testing::FeatureTest;
 using quor::lsp::testing::parse;
+using quor::lsp::testing::positionParams;
 
 namespace {
 
 const std::string URI = "file:///work/demo.quor";
 
-class CompletionTest : public ::testing::Test {
+class CompletionTest : public FeatureTest {
 protected:
-    std::istringstream in;
-    std::ostringstream out;
-    LspServer server{in, out};
-
     JsonValue complete(const std::string& uri = URI, int line = 0, int character = 0) {
-        std::string params = R"({"textDocument":{"uri":")";
-        params.append(uri);
-        params.append(R"("},"position":{"line":)");
-        params.append(std::to_string(line));
-        params.append(R"(,"character":)");
-        params.append(std::to_string(character));
-        params.append("}}");
-        return server.handleCompletion(JsonValue(1), parse(params));
+        return server.handleCompletion(JsonValue(1), parse(positionParams(uri, line, character)));
     }
 };
 

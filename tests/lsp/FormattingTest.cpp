@@ -1,22 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
+#include "FeatureTestSupport.h"
 #include "LspTestSupport.h"
 
 using quor::lsp::JsonValue;
 using quor::lsp::LspServer;
+using quor::lsp::testing::FeatureTest;
 using quor::lsp::testing::parse;
 
 namespace {
 
-class FormattingTest : public ::testing::Test {
+class FormattingTest : public FeatureTest {
 protected:
-    std::istringstream in;
-    std::ostringstream out;
-    LspServer server{in, out};
-
     JsonValue format(const std::string& uri, const std::string& options = R"({"tabSize":4,"insertSpaces":true})") {
         std::string text = R"({"textDocument":{"uri":")";
         text.append(uri).append(R"("},"options":)").append(options).append("}");

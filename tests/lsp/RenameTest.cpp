@@ -1,33 +1,26 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
+#include "FeatureTestSupport.h"
 #include "LspTestSupport.h"
 #include "lsp/LspServer.h"
 
 using quor::lsp::JsonValue;
 using quor::lsp::LspServer;
+using quor::lsp::testing::FeatureTest;
 using quor::lsp::testing::parse;
+using quor::lsp::testing::positionFields;
 
 namespace {
 
 const std::string URI = "file:///work/ren.quor";
 
-class RenameTest : public ::testing::Test {
+class RenameTest : public FeatureTest {
 protected:
-    std::istringstream in;
-    std::ostringstream out;
-    LspServer server{in, out};
-
     JsonValue rename(int line, int character, const std::string& newNameJson) {
-        std::string params = R"({"textDocument":{"uri":")";
-        params.append(URI);
-        params.append(R"("},"position":{"line":)");
-        params.append(std::to_string(line));
-        params.append(R"(,"character":)");
-        params.append(std::to_string(character));
-        params.append("}");
+        std::string params = "{";
+        params.append(positionFields(URI, line, character));
         if (!newNameJson.empty()) {
             params.append(R"(,"newName":)");
             params.append(newNameJson);
