@@ -589,3 +589,61 @@ TEST(SyntaxDiagnosticsWireRecovery, StringContinuedWithABackslashCountsTheLine) 
 TEST(SyntaxDiagnosticsWireRecovery, BlockCommentAcrossLinesCountsTheLine) {
     expectSyntaxDiagnostics("let x = 1 /* c\n */ y;", {{2, 5, "Expected ';' after variable declaration"}});
 }
+
+// ---- More editor situations ----
+
+TEST(SyntaxDiagnosticsWireRecovery, CallOpenedAtTheEndOfTheInput) {
+    expectSyntaxDiagnostics("foo(", {{1, 5, "Expected expression, found: "},
+                                     {1, 5, "Expected ')' after argument list"},
+                                     {1, 5, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, HalfTypedConstructorTakesTheClassBrace) {
+    expectSyntaxDiagnostics("class A { A( }", {{1, 14, "Expected parameter name"},
+                                               {1, 14, "Expected ')' to end parameter list"},
+                                               {1, 14, "Expected '{' to start block"},
+                                               {1, 15, "Expected '}' at end of class body"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, WildcardArmWithoutArrow) {
+    expectSyntaxDiagnostics("match x { _ }", {{1, 13, "Expected '=>' after match pattern"},
+                                              {1, 13, "Expected expression, found: }"},
+                                              {1, 14, "Expected '}' after match block"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, NameQuestionNameSemicolonIsADeclarationNotATernary) {
+    // Only the stray parenthesis of the last line is reported.
+    expectSyntaxDiagnostics("let z = 1;\na ? b;\n)", {{3, 1, "Expected expression, found: )"},
+                                                    {3, 2, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, CarriageReturnAtTheEndCountsOneColumn) {
+    expectSyntaxDiagnostics("let x = 1\r", {{1, 11, "Expected ';' after variable declaration"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, NullableMarkComesBeforeArrayMarksNeverAfter) {
+    expectSyntaxDiagnostics("fn f() -> int? []", {{1, 16, "Expected '{' or '=>' for function body"},
+                                                  {1, 18, "Expected ';' after expression"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, CastLikeParenthesesAreAGroupedTypeName) {
+    expectSyntaxDiagnostics("let v = (int) x;", {{1, 15, "Expected ';' after variable declaration"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, SafeNavigationWithoutMemberName) {
+    expectSyntaxDiagnostics("let v = a?.;", {{1, 12, "Expected member identifier after '.'"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, TestKeywordAloneAtTheEnd) {
+    expectSyntaxDiagnostics("test", {{1, 5, "Expected test name string literal or identifier after 'test'"},
+                                     {1, 5, "Expected '{' to start test body"}});
+}
+
+TEST(SyntaxDiagnosticsWireRecovery, KeywordUsedAsAVariableName) {
+    expectSyntaxDiagnostics("let test = 1;", {{1, 5, "Expected variable name in declaration"},
+                                              {1, 5, "Expected ';' after variable declaration"},
+                                              {1, 10, "Expected test name string literal or identifier after 'test'"},
+                                              {1, 10, "Expected '{' to start test body"},
+                                              {1, 10, "Expected expression, found: ="},
+                                              {1, 12, "Expected ';' after expression"}});
+}
