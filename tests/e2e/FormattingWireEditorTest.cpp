@@ -746,3 +746,40 @@ TEST(FormattingWireEditorDecodedText, EscapedNonAsciiBecomesAQuestionMark) {
     std::string middle = frame(open) + frame(formattingRequest(DOC_URI, EDITOR_OPTIONS));
     EXPECT_EQ(answerOf(middle), editAnswer("let caf ? = caf?;\n", 0, 18));
 }
+
+TEST(FormattingWireEditorProgram, ModuleEnumMatchAndTest) {
+    std::string source =
+        "module demo;\n"
+        "import std.io;\n"
+        "\n"
+        "enum Op { Add, Sub }\n"
+        "\n"
+        "fn apply(op: Op, a: int, b: int): int {\n"
+        "    match (op) {\n"
+        "        Op.Add => a + b,\n"
+        "        Op.Sub => a - b,\n"
+        "    }\n"
+        "}\n"
+        "\n"
+        "test \"apply adds\" {\n"
+        "    assert(apply(Op.Add, 1, 2) == 3);\n"
+        "}\n";
+    std::string formatted =
+        "module demo;\n"
+        "import std.io;\n"
+        "\n"
+        "enum Op {\n"
+        "    Add, Sub\n"
+        "}\n"
+        "\n"
+        "fn apply(op: Op, a: int, b: int): int {\n"
+        "    match (op) {\n"
+        "        Op.Add => a + b, Op.Sub => a - b,\n"
+        "    }\n"
+        "}\n"
+        "\n"
+        "test apply adds {\n"
+        "    assert (apply(Op.Add, 1, 2) == 3);\n"
+        "}\n";
+    expectFormats(source, formatted);
+}
