@@ -3,20 +3,12 @@
 #include <string>
 
 #include "doc/DocGenerator.h"
+#include "doc/DocTestSupport.h"
 
-using quor::doc::defaultDocOptions;
 using quor::doc::DocEntry;
-using quor::doc::DocGenerator;
 using quor::doc::DocKind;
 using quor::doc::DocModule;
-
-namespace {
-
-DocModule extract(const std::string& source, const std::string& path = "file:///work/members.quor") {
-    return DocGenerator(defaultDocOptions()).extractModule(source, path);
-}
-
-}  // namespace
+using quor::doc::testing::extract;
 
 TEST(MemberDoc, StructFieldsTakeTheirOwnBlocks) {
     DocModule module = extract(
@@ -103,16 +95,24 @@ TEST(MemberDoc, ReturnTagIsNotCopiedWhenEmpty) {
     EXPECT_EQ(module.entries[0].description, "Text.");
 }
 
-TEST(DocAttachmentAcrossCode, BlockAboveAnImportGoesToTheNextDeclaration) {
-    DocModule module = extract("/// Reads things.\nimport std.io;\nfn read() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "Reads things.");
-}
-
-TEST(DocAttachmentAcrossCode, TestFunctionLeavesItsBlockToTheNextDeclaration) {
-    DocModule module = extract("/// Real doc.\ntest \"t\" { }\nfn real() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "Real doc.");
+// Code that takes no doc block of its own leaves the block to the
+// declaration that follows it.
+TEST(DocAttachmentAcrossCode, BlockPassesOverCodeWithoutEntryToTheNextDeclaration) {
+    struct Row {
+        const char* name;
+        const char* source;
+        const char* description;
+    };
+    const Row rows[] = {
+        {"block above an import", "/// Reads things.\nimport std.io;\nfn read() {}\n", "Reads things."},
+        {"block above a test function", "/// Real doc.\ntest \"t\" { }\nfn real() {}\n", "Real doc."},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        DocModule module = extract(row.source);
+        ASSERT_EQ(module.entries.size(), 1u);
+        EXPECT_EQ(module.entries[0].description, row.description);
+    }
 }
 
 TEST(DocAttachmentAcrossCode, ModuleDeclarationUsesUpItsBlock) {
@@ -161,6 +161,6 @@ TEST(DocAttachmentAcrossCode, UntypedGlobalsShowAnEmptyType) {
 
 TEST(DocAttachmentAcrossCode, ByteSoupNeverFails) {
     const std::string junk = "\x01\xff{{{(((/**\n///\n\"unterminated";
-    DocModule module = extract(junk);
+    DocModule module = extract(junk, "file:///work/members.quor");
     EXPECT_EQ(module.name, "members");
 }

@@ -3,18 +3,14 @@
 #include <string>
 
 #include "doc/DocGenerator.h"
+#include "doc/DocTestSupport.h"
 
-using quor::doc::defaultDocOptions;
 using quor::doc::DocEntry;
-using quor::doc::DocGenerator;
 using quor::doc::DocKind;
 using quor::doc::DocModule;
+using quor::doc::testing::extract;
 
 namespace {
-
-DocModule extract(const std::string& source, const std::string& path = "file:///work/demo.quor") {
-    return DocGenerator(defaultDocOptions()).extractModule(source, path);
-}
 
 const char* const SAMPLE =
     "/// Geometry helpers.\n"                                  // 1
@@ -226,28 +222,28 @@ TEST(DocModuleExtraction, TestFunctionIsNotAnEntry) {
     EXPECT_EQ(module.entries[0].name, "real");
 }
 
-TEST(DocAttachment, DocCommentFiveLinesAboveIsAttached) {
-    DocModule module = extract("/// five above\n\n\n\n\nfn f() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "five above");
-}
-
-TEST(DocAttachment, DocCommentSixLinesAboveIsNotAttached) {
-    DocModule module = extract("/// six above\n\n\n\n\n\nfn f() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "");
-}
-
-TEST(DocAttachment, LongBlockCommentDirectlyAboveIsTooFarAway) {
-    DocModule module = extract("/**\n * a\n * b\n * c\n * d\n */\nfn f() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "");
-}
-
-TEST(DocAttachment, FiveLineBlockCommentDirectlyAboveIsAttached) {
-    DocModule module = extract("/**\n * a\n * b\n * c\n */\nfn f() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "a\nb\nc");
+// How far above a declaration its doc block may stand, and what may lie
+// between them: one declaration each, and the description it ends up with.
+TEST(DocAttachment, BlockAboveTheDeclarationWithinReachIsItsDescription) {
+    struct Row {
+        const char* name;
+        const char* source;
+        const char* description;
+    };
+    const Row rows[] = {
+        {"doc comment five lines above is attached", "/// five above\n\n\n\n\nfn f() {}\n", "five above"},
+        {"doc comment six lines above is not attached", "/// six above\n\n\n\n\n\nfn f() {}\n", ""},
+        {"long block comment directly above is too far away", "/**\n * a\n * b\n * c\n * d\n */\nfn f() {}\n", ""},
+        {"five-line block comment directly above is attached", "/**\n * a\n * b\n * c\n */\nfn f() {}\n",
+         "a\nb\nc"},
+        {"block may stand above other code", "/// about f\nprint(1);\nfn f() {}\n", "about f"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        DocModule module = extract(row.source);
+        ASSERT_EQ(module.entries.size(), 1u);
+        EXPECT_EQ(module.entries[0].description, row.description);
+    }
 }
 
 TEST(DocAttachment, ClassAndFirstMethodEachTakeTheirBlock) {
@@ -263,12 +259,6 @@ TEST(DocAttachment, BlockServesOnlyOneDeclaration) {
     ASSERT_EQ(module.entries.size(), 2u);
     EXPECT_EQ(module.entries[0].description, "shared");
     EXPECT_EQ(module.entries[1].description, "");
-}
-
-TEST(DocAttachment, BlockMayStandAboveOtherCode) {
-    DocModule module = extract("/// about f\nprint(1);\nfn f() {}\n");
-    ASSERT_EQ(module.entries.size(), 1u);
-    EXPECT_EQ(module.entries[0].description, "about f");
 }
 
 TEST(DocAttachment, PlainCommentDocumentsNothing) {
