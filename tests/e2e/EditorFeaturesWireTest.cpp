@@ -744,3 +744,253 @@ TEST(EditorFeaturesWireHover, WordMayBeginWithADigit) {
     std::string text = "class lives {}\nlet n = 9lives;\n";
     EXPECT_EQ(askOne("file:///n.quor", text, "textDocument/hover", at(1, 10)), response("null"));
 }
+
+// ---- second review: comment cleaning corners ----
+
+TEST(EditorFeaturesWireDocs, TwoBlockCommentsOnOneLineJoinWithTheirInnerSpaces) {
+    std::string text = "/** A */ /** B */\nfn f(): void {}\n";
+    EXPECT_EQ(askOne("file:///j.quor", text, "textDocument/hover", at(1, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nA \\nB\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, LaterOfTwoBlocksEndingOnOneLineWinsAndTheOtherServesTheNext) {
+    std::string text = "/** A */ x; /** B */\nfn f(): void {}\nfn g(): void {}\n";
+    EXPECT_EQ(askOne("file:///w.quor", text, "textDocument/hover", at(1, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nB\\n"));
+    EXPECT_EQ(askOne("file:///w.quor", text, "textDocument/hover", at(2, 3)),
+              hoverResult("```quor\\nfn g(): void\\n```\\n\\nA\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, NestedBlockCommentIsCutAtTheLastCloser) {
+    std::string text = "/** outer /* inner */ tail */\nfn f(): void {}\n";
+    EXPECT_EQ(askOne("file:///n.quor", text, "textDocument/hover", at(1, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nouter /* inner */ tail\\n"));
+    std::string plain = "/* outer /* inner */ tail */\nfn g(): void {}\n";
+    EXPECT_EQ(askOne("file:///n.quor", plain, "textDocument/hover", at(1, 3)),
+              hoverResult("```quor\\nfn g(): void\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, UnstarredBlockLinesKeepTheirIndentation) {
+    std::string text = "/**\n   Indented\n     deeper\n */\nfn f(): void {}\n";
+    EXPECT_EQ(askOne("file:///i.quor", text, "textDocument/hover", at(4, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nIndented\\n     deeper\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, SlashLinesKeepAStarAndLoseACloser) {
+    std::string text = "/// * bullet\n/// a */ b\nfn f(): void {}\n";
+    EXPECT_EQ(askOne("file:///s.quor", text, "textDocument/hover", at(2, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\n* bullet\\na\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, TagPrefixesAreReadWithoutASpace) {
+    std::string text = "/// Body.\n/// @paramfoo bar\n/// @returnsvalue\n/// @params x\nfn f(foo: int): int { return 1; }\n";
+    EXPECT_EQ(askOne("file:///t.quor", text, "textDocument/hover", at(4, 3)),
+              hoverResult("```quor\\nfn f(foo: int): int\\n```\\n\\nBody.\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, QuotesBackslashesAndTabsAreEscapedInTheAnswer) {
+    std::string text = "/// Say \"hi\" \\ there\tnow\nfn f(): void {}\n";
+    EXPECT_EQ(askOne("file:///e.quor", text, "textDocument/completion", at(0, 0)),
+              completionResult({item("f", 3, "fn f(): void", "Say \\\"hi\\\" \\\\ there\\tnow")}));
+}
+
+// ---- second review: what the extractor lists ----
+
+TEST(EditorFeaturesWireCompletion, ExternBlocksAndNamedTestFunctionsAreNotListed) {
+    std::string text =
+        "extern \"c\" { int puts(string s); }\n"
+        "fn __quor_test_hand(): void {}\n"
+        "test \"t\" { }\n"
+        "fn shown(): void {}\n";
+    EXPECT_EQ(askOne("file:///x.quor", text, "textDocument/completion", at(0, 0)),
+              completionResult({item("shown", 3, "fn shown(): void")}));
+}
+
+TEST(EditorFeaturesWireCompletion, ModifiersInSignatures) {
+    std::string text =
+        "protected fn p(): void {}\n"
+        "static override abstract fn s();\n"
+        "internal class Inner : Base, Extra {\n"
+        "    override static private fn m<U>(f: U) -> U { return f; }\n"
+        "    abstract fn a();\n"
+        "    static int count = 0;\n"
+        "    var v: string;\n"
+        "    print(1);\n"
+        "    class Nested {}\n"
+        "}\n"
+        "private enum E { A }\n"
+        "private struct S { }\n"
+        "private interface I {\n"
+        "    fn q() -> int;\n"
+        "}\n";
+    std::string expected = completionResult({
+        item("p", 3, "protected fn p(): void"),
+        item("s", 3, "fn s(): void"),
+        item("Inner", 7, "internal class Inner extends Base implements Extra"),
+        item("m", 2, "private static override fn m(f: U): U"),
+        item("a", 2, "public fn a(): void"),
+        item("count", 5, "let count: int"),
+        item("v", 5, "let v: string"),
+        item("E", 13, "enum E"),
+        item("A", 5, "A"),
+        item("S", 22, "struct S"),
+        item("I", 8, "interface I"),
+        item("q", 2, "fn q(): int"),
+    });
+    EXPECT_EQ(askOne("file:///mod.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, TypesAsWrittenAndUntypedParameters) {
+    std::string text =
+        "fn f(m: Map<string, int[]>?, xs: int[]): string? { return null; }\n"
+        "fn g(a, b: int) {}\n"
+        "let total = 5;\n";
+    std::string expected = completionResult({
+        item("f", 3, "fn f(m: Map<string, int[]>?, xs: int[]): string?"),
+        item("g", 3, "fn g(a: , b: int): void"),
+        item("total", 6, "let total: "),
+    });
+    EXPECT_EQ(askOne("file:///ty.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, MemberDocCommentsGoToTheirMembers) {
+    std::string text =
+        "class Box {\n"
+        "    /// The width.\n"
+        "    let w: int;\n"
+        "    /// Grows it.\n"
+        "    fn grow(): void {}\n"
+        "}\n";
+    std::string expected = completionResult({
+        item("Box", 7, "class Box"),
+        item("w", 5, "let w: int", "The width."),
+        item("grow", 2, "public fn grow(): void", "Grows it."),
+    });
+    EXPECT_EQ(askOne("file:///box.quor", text, "textDocument/completion", at(0, 0)), expected);
+}
+
+TEST(EditorFeaturesWireCompletion, ClosedDocumentGivesTheFixedItemsOnly) {
+    std::string uri = "file:///gone.quor";
+    std::string text = "fn gone(): void {}\n";
+    std::string close = R"({"jsonrpc":"2.0","method":"textDocument/didClose","params":{"textDocument":{"uri":"file:///gone.quor"}}})";
+    auto answers = ask(uri, &text,
+                       {frame(close), requestMessage(1, "textDocument/completion", uri, at(0, 0)),
+                        requestMessage(2, "textDocument/hover", uri, at(0, 4))});
+    ASSERT_EQ(answers.size(), 2u);
+    EXPECT_EQ(answers[0], completionResult({}));
+    EXPECT_EQ(answers[1], R"({"id":2,"jsonrpc":"2.0","result":null})");
+}
+
+// ---- second review: words under the cursor ----
+
+TEST(EditorFeaturesWireHover, WordInACommentIsLookedUpToo) {
+    std::string text = "// calls helper\nfn helper(): void {}\n";
+    EXPECT_EQ(askOne("file:///h.quor", text, "textDocument/hover", at(0, 10)),
+              hoverResult("```quor\\nfn helper(): void\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, InIsATableWordThoughNotReserved) {
+    std::string text = "for a in b { }\n";
+    EXPECT_EQ(askOne("file:///in.quor", text, "textDocument/hover", at(0, 7)),
+              hoverResult("**Keyword** `in`\\n\\nUsed in for..in iterations"));
+}
+
+TEST(EditorFeaturesWireHover, PunctuationBetweenWordsPicksTheLeftWord) {
+    std::string text = "class foo {}\nclass bar {}\nfoo(bar);\n";
+    EXPECT_EQ(askOne("file:///p.quor", text, "textDocument/hover", at(2, 3)), hoverResult("```quor\\nclass foo\\n```\\n"));
+    EXPECT_EQ(askOne("file:///p.quor", text, "textDocument/hover", at(2, 7)), hoverResult("```quor\\nclass bar\\n```\\n"));
+    EXPECT_EQ(askOne("file:///p.quor", text, "textDocument/hover", at(2, 8)), response("null"));
+    EXPECT_EQ(askOne("file:///p.quor", text, "textDocument/hover", at(2, 4)), hoverResult("```quor\\nclass bar\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, CarriageReturnOnlyLineAndLeadingBlankLine) {
+    std::string text = "\nfn a(): void {}\r\n\r\nclass B {}";
+    EXPECT_EQ(askOne("file:///c.quor", text, "textDocument/hover", at(0, 0)), response("null"));
+    EXPECT_EQ(askOne("file:///c.quor", text, "textDocument/hover", at(2, 0)), response("null"));
+    EXPECT_EQ(askOne("file:///c.quor", text, "textDocument/hover", at(2, 5)), response("null"));
+    EXPECT_EQ(askOne("file:///c.quor", text, "textDocument/hover", at(1, 3)), hoverResult("```quor\\nfn a(): void\\n```\\n"));
+    EXPECT_EQ(askOne("file:///c.quor", text, "textDocument/hover", at(3, 7)), hoverResult("```quor\\nclass B\\n```\\n"));
+}
+
+TEST(EditorFeaturesWireHover, LineBehindAFinalLineFeedIsMissing) {
+    EXPECT_EQ(askOne("file:///f.quor", "class A {}\n", "textDocument/hover", at(1, 0)), response("null"));
+}
+
+TEST(EditorFeaturesWireHover, PositionMembersOfTheWrongKindCountAsZero) {
+    EXPECT_EQ(askOne("file:///q.quor", "class Start {}", "textDocument/hover", R"(,"position":{"line":"1","character":8.9})"),
+              hoverResult("```quor\\nclass Start\\n```\\n"));
+    EXPECT_EQ(askOne("file:///q.quor", "class Start {}", "textDocument/hover", R"(,"position":[0,8])"),
+              hoverResult("**Keyword** `class`\\n\\nDeclare an object-oriented class: `class Name { ... }`"));
+}
+
+TEST(EditorFeaturesWireHover, StructFieldAndEnumVariant) {
+    std::string text = "struct P { int a; }\nenum C { Red }\n";
+    EXPECT_EQ(askOne("file:///sv.quor", text, "textDocument/hover", at(0, 15)), hoverResult("```quor\\na: int\\n```\\n"));
+    EXPECT_EQ(askOne("file:///sv.quor", text, "textDocument/hover", at(1, 10)), hoverResult("```quor\\nRed\\n```\\n"));
+}
+
+// ---- second review: definition ----
+
+TEST(EditorFeaturesWireDefinition, DeclarationLineIsTheKeywordsLine) {
+    std::string text = "/// Doc.\nprivate\nstatic fn f(): void {}\nf();\n";
+    EXPECT_EQ(askOne("file:///k.quor", text, "textDocument/definition", at(3, 0)), locationResult("file:///k.quor", 2, 1));
+}
+
+TEST(EditorFeaturesWireDefinition, TypeFirstFunctionLineIsItsNamesLine) {
+    std::string text = "int\ntwice(int n) { return n; }\n";
+    EXPECT_EQ(askOne("file:///tf.quor", text, "textDocument/definition", at(1, 2)), locationResult("file:///tf.quor", 1, 5));
+}
+
+TEST(EditorFeaturesWireDefinition, TableWordsPlayNoPart) {
+    std::string text = "class List {}\n\nlet l = List();\n";
+    EXPECT_EQ(askOne("file:///tw.quor", text, "textDocument/definition", at(2, 10)), locationResult("file:///tw.quor", 0, 4));
+}
+
+TEST(EditorFeaturesWireDefinition, FieldsAndVariantsAndUnknownDocument) {
+    // A variant has no place of its own in the tree, so it leads to its enum's line.
+    std::string text = "struct P {\n    int a;\n}\nenum C {\n    Red,\n    Blue\n}\nlet q = C.Blue;\n";
+    EXPECT_EQ(askOne("file:///fv.quor", text, "textDocument/definition", at(7, 12)), locationResult("file:///fv.quor", 3, 4));
+    EXPECT_EQ(askOne("file:///fv.quor", text, "textDocument/definition", at(1, 8)), locationResult("file:///fv.quor", 1, 1));
+    auto answers = ask("file:///none.quor", nullptr,
+                       {requestMessage(1, "textDocument/definition", "file:///none.quor", at(0, 0))});
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], response("null"));
+}
+
+// ---- second review: rename ----
+
+TEST(EditorFeaturesWireRename, InIsAnIdentifierToken) {
+    EXPECT_EQ(askOne(RENAME_URI, "for a in b { }\n", "textDocument/rename", renameParams(0, 6, "of")),
+              renameResult(RENAME_URI, {edit("of", 0, 6, 8)}));
+}
+
+TEST(EditorFeaturesWireRename, ReservedTypeWordsAreNoIdentifiersButLibraryNamesAre) {
+    std::string text = "let a: int = 1;\nlet b: List<int> = List();\nlet t = this;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 8, "long")), renameResult(RENAME_URI, {}));
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(2, 9, "self")), renameResult(RENAME_URI, {}));
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(1, 7, "Seq")),
+              renameResult(RENAME_URI, {edit("Seq", 1, 7, 11), edit("Seq", 1, 19, 23)}));
+}
+
+TEST(EditorFeaturesWireRename, LinesCountOnThroughABlockComment) {
+    std::string text = "/* a\nb */ let x = 1;\nx;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(2, 0, "y")),
+              renameResult(RENAME_URI, {edit("y", 1, 9, 10), edit("y", 2, 0, 1)}));
+}
+
+TEST(EditorFeaturesWireRename, UnclosedBlockCommentSwallowsTheRest) {
+    std::string text = "let v = 1;\n/* open\nv;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 4, "w")),
+              renameResult(RENAME_URI, {edit("w", 0, 4, 5)}));
+}
+
+TEST(EditorFeaturesWireRename, WordBeginningWithADigitMatchesNoToken) {
+    EXPECT_EQ(askOne(RENAME_URI, "let lives = 9lives;\n", "textDocument/rename", renameParams(0, 14, "z")),
+              renameResult(RENAME_URI, {}));
+}
+
+TEST(EditorFeaturesWireRename, WordInAStringStillRenamesTheIdentifiers) {
+    std::string text = "let s = \"foo\";\nlet foo = 1;\r\nfoo;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 10, "bar")),
+              renameResult(RENAME_URI, {edit("bar", 1, 4, 7), edit("bar", 2, 0, 3)}));
+}
