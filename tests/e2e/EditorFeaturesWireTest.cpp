@@ -994,3 +994,57 @@ TEST(EditorFeaturesWireRename, WordInAStringStillRenamesTheIdentifiers) {
     EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 10, "bar")),
               renameResult(RENAME_URI, {edit("bar", 1, 4, 7), edit("bar", 2, 0, 3)}));
 }
+
+// ---- second review: more corners ----
+
+TEST(EditorFeaturesWireDocs, BlockCommentWithCrlfLines) {
+    std::string text = "/**\r\n * A\r\n */\r\nfn f(): void {}\r\n";
+    EXPECT_EQ(askOne("file:///cr.quor", text, "textDocument/hover", at(3, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nA\\n"));
+}
+
+TEST(EditorFeaturesWireCompletion, FunctionWithoutANameIsListedWithAnEmptyLabel) {
+    EXPECT_EQ(askOne("file:///nn.quor", "fn (x) {}\n", "textDocument/completion", at(0, 0)),
+              completionResult({item("", 3, "fn (x: ): void")}));
+}
+
+TEST(EditorFeaturesWireRename, NewNameThatIsNoStringGivesNull) {
+    EXPECT_EQ(askOne(RENAME_URI, "let x = x + 1;", "textDocument/rename", at(0, 4) + R"(,"newName":5)"), response("null"));
+}
+
+TEST(EditorFeaturesWireRename, NonAsciiBytesEndIdentifiers) {
+    std::string text = "let a\xC3\xA9" "b = a;\n";
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 4, "z")),
+              renameResult(RENAME_URI, {edit("z", 0, 4, 5), edit("z", 0, 11, 12)}));
+    EXPECT_EQ(askOne(RENAME_URI, text, "textDocument/rename", renameParams(0, 7, "c")),
+              renameResult(RENAME_URI, {edit("c", 0, 7, 8)}));
+}
+
+TEST(EditorFeaturesWireDefinition, LinesOfFieldsAndConstructorsWrittenOverSeveralLines) {
+    std::string text =
+        "class A {\n"
+        "    static\n"
+        "    int age;\n"
+        "    let\n"
+        "        w: int;\n"
+        "    A(int x) {}\n"
+        "}\n"
+        "struct S {\n"
+        "    string\n"
+        "    label;\n"
+        "}\n"
+        "age; w; label;\n";
+    const std::string uri = "file:///lines.quor";
+    EXPECT_EQ(askOne(uri, text, "textDocument/definition", at(11, 1)), locationResult(uri, 2, 3));
+    EXPECT_EQ(askOne(uri, text, "textDocument/definition", at(11, 5)), locationResult(uri, 3, 1));
+    EXPECT_EQ(askOne(uri, text, "textDocument/definition", at(11, 9)), locationResult(uri, 9, 5));
+    EXPECT_EQ(askOne(uri, text, "textDocument/definition", at(5, 4)), locationResult(uri, 0, 1));
+}
+
+TEST(EditorFeaturesWireHover, DocumentStoredUnderTheEmptyUri) {
+    std::string open = R"({"method":"textDocument/didOpen","params":{"textDocument":{"text":"class Anon {}"}}})";
+    std::string hover = R"({"id":1,"method":"textDocument/hover","params":{"position":{"line":0,"character":7}}})";
+    auto answers = ask("", nullptr, {frame(open), frame(hover)});
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], hoverResult("```quor\\nclass Anon\\n```\\n"));
+}
