@@ -1048,3 +1048,19 @@ TEST(EditorFeaturesWireHover, DocumentStoredUnderTheEmptyUri) {
     ASSERT_EQ(answers.size(), 1u);
     EXPECT_EQ(answers[0], hoverResult("```quor\\nclass Anon\\n```\\n"));
 }
+
+TEST(EditorFeaturesWireDocs, EmptyAndPlainBlockCommentsInsideDocBlocks) {
+    EXPECT_EQ(askOne("file:///d.quor", "/**/\nfn f(): void {}\n", "textDocument/hover", at(1, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\n/\\n"));
+    EXPECT_EQ(askOne("file:///d.quor", "/***/\nfn f(): void {}\n", "textDocument/hover", at(1, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n"));
+    EXPECT_EQ(askOne("file:///d.quor", "/* plain */\n/// Doc.\nfn f(): void {}\n", "textDocument/hover", at(2, 3)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\n/* plain \\nDoc.\\n"));
+}
+
+TEST(EditorFeaturesWireDocs, IndentedCommentsAndADeclarationBehindTheCloser) {
+    EXPECT_EQ(askOne("file:///d.quor", "/// A\n   /// B\n\tfn f(): void {}\n", "textDocument/hover", at(2, 4)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nA\\nB\\n"));
+    EXPECT_EQ(askOne("file:///d.quor", "/** x\n   * y */ fn f(): void {}\n", "textDocument/hover", at(1, 13)),
+              hoverResult("```quor\\nfn f(): void\\n```\\n\\nx\\ny\\n"));
+}
