@@ -183,11 +183,12 @@ std::unique_ptr<ast::StatementNode> Parser::parseForStatement() {
         advance();
         return parseForInRest(std::move(varName), "auto", std::move(location));
     }
-    // for (int i in xs): the type is the single token in front of the name.
+    // for (int i in xs): a type, then the variable and the word are taken as
+    // the next two tokens. Only a one-token type fits this shape; a head that
+    // is no type is reported and consumes nothing, so that head is then taken
+    // as the variable and the name as the word.
     if (t1 == TokenType::Identifier && isIdentifierWordAt(tokens, current + 2, FOR_IN_WORD)) {
-        const auto start = current;
         std::string varType = parseType();
-        current = start + 1;  // the name stands right behind the one-token type
         std::string varName = advance().lexeme;
         advance();
         return parseForInRest(std::move(varName), std::move(varType), std::move(location));

@@ -182,16 +182,21 @@ TEST(StatementForIn, GenericTypeIsNoForInHeader) {
     EXPECT_FALSE(p.run.diagnostics().empty());
 }
 
-TEST(StatementForIn, HeadThatIsNoTypeStillNamesTheVariableBehindIt) {
-    // `const x in a` has the shape of a typed for-in header; the head is no
-    // type, so it is reported and the loop variable is still `x`.
+TEST(StatementForIn, HeadThatIsNoTypeIsTakenAsTheVariable) {
+    // `const x in a` has the shape of a typed for-in header. The head is no
+    // type: it is reported and consumes nothing, so the next two tokens taken
+    // are `const` as the variable and `x` as the word, and the iterable starts
+    // at `in`, leaving `a` in front of the missing parenthesis.
     Parsed<ast::ForInStmt> p("for (const x in a) {}");
     ASSERT_NE(p.get(), nullptr);
-    EXPECT_EQ(p.get()->varName, "x");
+    EXPECT_EQ(p.get()->varName, "const");
     EXPECT_EQ(p.get()->varType, "unknown");
-    EXPECT_EQ(show(p.get()->iterable.get()), "a");
-    ASSERT_EQ(p.run.diagnostics().size(), 1u);
+    EXPECT_EQ(show(p.get()->iterable.get()), "in");
+    EXPECT_EQ(show(p.get()->body.get()), "(expr a)");
+    ASSERT_EQ(p.run.diagnostics().size(), 3u);
     expectReport(p.run.diagnostics()[0], "Expected type name", 1, 6);
+    expectReport(p.run.diagnostics()[1], "Expected ')' after for-in expression", 1, 17);
+    expectReport(p.run.diagnostics()[2], "Expected ';' after expression", 1, 18);
 }
 
 TEST(StatementForIn, InAsAStringIsNoForInWord) {
