@@ -647,3 +647,13 @@ TEST(SyntaxDiagnosticsWireRecovery, KeywordUsedAsAVariableName) {
                                               {1, 10, "Expected expression, found: ="},
                                               {1, 12, "Expected ';' after expression"}});
 }
+
+TEST(SyntaxDiagnosticsWireRecovery, ForInHeadThatIsNoTypeIsTakenAsTheVariable) {
+    // `const` has the place of a one-token type: it is reported, and then the
+    // next two tokens are the variable and the word, so the iterable is `in`.
+    expectSyntaxDiagnostics("for (const x in a) {}", {{1, 6, "Expected type name"},
+                                                      {1, 17, "Expected ')' after for-in expression"},
+                                                      {1, 18, "Expected ';' after expression"},
+                                                      {1, 18, "Expected expression, found: )"},
+                                                      {1, 20, "Expected ';' after expression"}});
+}
