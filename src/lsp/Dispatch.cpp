@@ -1,5 +1,6 @@
 // Message dispatch: requests get a response, notifications act silently.
 #include <string_view>
+#include <utility>
 
 #include "lsp/LspServer.h"
 
@@ -37,16 +38,25 @@ const NotificationRoute NOTIFICATION_ROUTES[] = {
 
 constexpr std::string_view SERVER_VERSION = "1.0.0";
 
+// Moves a member out of an object, leaving Null behind; a missing member is Null.
+JsonValue takeMember(JsonValue& object, const std::string& key) {
+    auto found = object.objectValue.find(key);
+    if (found == object.objectValue.end()) return JsonValue();
+    return std::move(found->second);
+}
+
 }  // namespace
 
 std::string LspServer::handleMessage(const std::string& body) {
     std::size_t pos = 0;
-    const JsonValue message = JsonValue::parseValue(body, pos);
+    JsonValue message = JsonValue::parseValue(body, pos);
     if (!message.isObject()) return "";
 
-    const std::string method = message["method"].getString();
-    const JsonValue id = message["id"];
-    const JsonValue params = message["params"];
+    const std::string method = std::as_const(message)["method"].getString();
+    // The id and params are taken over from the message rather than copied:
+    // the params carry whole document texts, and an id may be nested deeply.
+    JsonValue id = takeMember(message, "id");
+    const JsonValue params = takeMember(message, "params");
 
     if (id.isNull()) {
         if (method == "exit") {
@@ -76,7 +86,7 @@ std::string LspServer::handleMessage(const std::string& body) {
         }
     }
     JsonValue response(JsonValue::Type::Object);
-    response["id"] = id;
+    response["id"] = std::move(id);
     response["jsonrpc"] = "2.0";
     response["result"] = std::move(result);
     return response.serialize();
