@@ -568,3 +568,45 @@ TEST(WireDocuments, OnlyTheFirstChangeCountsAndEachChangePublishesOnce) {
     expected.append(frame(publication("file:///w/d.quor", "")));
     EXPECT_EQ(result.out, expected);
 }
+
+TEST(WireDocuments, OpenWithoutUriOrTextPublishesForTheEmptyUri) {
+    ProcessResult result = runServer(frame(R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{}})"));
+    expectCleanExit(result);
+    EXPECT_EQ(result.out, frame(publication("", "")));
+}
+
+TEST(WireDocuments, UriIsKeptAsSentAndEscapedOnlyAsAStringValue) {
+    // The escaped backslash is stored as one backslash and written back escaped.
+    std::string input = frame(didOpen(R"(file:///C:\\w\\a b.quor)", R"("#")"));
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    EXPECT_EQ(result.out, frame(publication(R"(file:///C:\\w\\a b.quor)", diagnosticJson(0, 0, UNEXPECTED_HASH))));
+}
+
+TEST(WireDocuments, ChangeOfANeverOpenedDocumentCreatesIt) {
+    std::string input = frame(
+        R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"new"},"contentChanges":[{"text":"x #"}]}})");
+    input.append(frame(formattingRequest(2, "new")));
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    std::string expected = frame(publication("new", diagnosticJson(0, 2, UNEXPECTED_HASH)));
+    expected.append(frame(singleEdit(2, 0, 3, R"("x #")")));
+    EXPECT_EQ(result.out, expected);
+}
+
+TEST(WireDocuments, EveryChangeIsPublishedInOrder) {
+    std::string input = frame(didOpen("file:///w/e.quor", R"("")"));
+    std::string expected = frame(publication("file:///w/e.quor", ""));
+    for (int line = 0; line < 10; ++line) {
+        std::string text = "\"";
+        for (int i = 0; i < line; ++i) text.append("\\n");
+        text.append("#\"");
+        std::string change = R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"file:///w/e.quor"},"contentChanges":[{"text":)";
+        change.append(text).append("}]}}");
+        input.append(frame(change));
+        expected.append(frame(publication("file:///w/e.quor", diagnosticJson(line, 0, UNEXPECTED_HASH))));
+    }
+    ProcessResult result = runServer(input);
+    expectCleanExit(result);
+    EXPECT_EQ(result.out, expected);
+}
