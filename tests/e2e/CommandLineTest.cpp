@@ -4,6 +4,7 @@
 
 using quor::e2e::frame;
 using quor::e2e::ProcessResult;
+using quor::e2e::expectCleanExit;
 using quor::e2e::runServer;
 
 namespace {
@@ -19,12 +20,6 @@ const std::string HELP_OUTPUT =
     "  -h, --help     Display this help message\n\n"
     "quorls operates as a Language Server Protocol (LSP) daemon communicating over stdio.\n";
 
-void expectCleanExit(const ProcessResult& result) {
-    EXPECT_FALSE(result.timedOut);
-    EXPECT_TRUE(result.exited);
-    EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_EQ(result.err, "");
-}
 
 }  // namespace
 

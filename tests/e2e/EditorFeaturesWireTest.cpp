@@ -17,21 +17,7 @@ using quor::e2e::splitFramed;
 namespace {
 
 // Escapes text for a JSON string value in a request.
-std::string jsonString(const std::string& text) {
-    std::string out = "\"";
-    for (char c : text) {
-        switch (c) {
-            case '"': out.append("\\\""); break;
-            case '\\': out.append("\\\\"); break;
-            case '\n': out.append("\\n"); break;
-            case '\r': out.append("\\r"); break;
-            case '\t': out.append("\\t"); break;
-            default: out.push_back(c);
-        }
-    }
-    out.push_back('"');
-    return out;
-}
+std::string jsonString(const std::string& text) { return "\"" + quor::e2e::escapeJsonText(text) + "\""; }
 
 std::string openMessage(const std::string& uri, const std::string& text) {
     std::string body = R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{"textDocument":{"uri":)";

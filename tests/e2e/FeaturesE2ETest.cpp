@@ -8,6 +8,7 @@
 
 using quor::e2e::frame;
 using quor::e2e::ProcessResult;
+using quor::e2e::expectCleanExit;
 using quor::e2e::runServer;
 using quor::e2e::splitFramed;
 
@@ -77,12 +78,6 @@ std::string response(int id, const std::string& resultJson) {
     return text;
 }
 
-void expectCleanExit(const ProcessResult& result) {
-    EXPECT_FALSE(result.timedOut);
-    EXPECT_TRUE(result.exited);
-    EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_EQ(result.err, "");
-}
 
 // The fixed keyword rows and type names, as the client sees them.
 const std::vector<std::pair<std::string, std::string>> KEYWORD_ROWS = {

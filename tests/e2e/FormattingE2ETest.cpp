@@ -7,6 +7,7 @@
 
 using quor::e2e::frame;
 using quor::e2e::ProcessResult;
+using quor::e2e::expectCleanExit;
 using quor::e2e::runServer;
 using quor::e2e::splitFramed;
 
@@ -47,12 +48,6 @@ std::string answerWithEdit(int line, int character, const std::string& newTextJs
     return text;
 }
 
-void expectCleanExit(const ProcessResult& result) {
-    EXPECT_FALSE(result.timedOut);
-    EXPECT_TRUE(result.exited);
-    EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_EQ(result.err, "");
-}
 
 const std::string DEFAULT_OPTIONS = R"({"tabSize":4,"insertSpaces":true})";
 

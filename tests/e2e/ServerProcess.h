@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 // Test utility: run a built binary as a child process over pipes, feed it a
 // byte string on stdin, and collect everything it writes to stdout and
 // stderr together with its exit status. A safety timeout kills a child that
@@ -171,6 +173,32 @@ inline std::vector<std::string> splitFramed(const std::string& stream) {
         pos = headerEnd + 4 + length;
     }
     return bodies;
+}
+
+// The orderly end every session must have: no hang, exit status 0 and
+// nothing on standard error.
+inline void expectCleanExit(const ProcessResult& result) {
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_TRUE(result.exited);
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_EQ(result.err, "");
+}
+
+// `text` escaped for the inside of a JSON string: quote, backslash, line
+// feed, carriage return and tab; every other byte is sent as it is.
+inline std::string escapeJsonText(const std::string& text) {
+    std::string out;
+    for (char c : text) {
+        switch (c) {
+            case '"': out.append("\\\""); break;
+            case '\\': out.append("\\\\"); break;
+            case '\n': out.append("\\n"); break;
+            case '\r': out.append("\\r"); break;
+            case '\t': out.append("\\t"); break;
+            default: out.push_back(c);
+        }
+    }
+    return out;
 }
 
 }  // namespace quor::e2e

@@ -6,6 +6,7 @@
 
 using quor::e2e::frame;
 using quor::e2e::ProcessResult;
+using quor::e2e::expectCleanExit;
 using quor::e2e::runServer;
 using quor::e2e::splitFramed;
 
@@ -17,12 +18,6 @@ const std::string INITIALIZE_RESPONSE =
     R"("hoverProvider":true,"renameProvider":true,"textDocumentSync":1},)"
     R"("serverInfo":{"name":"quorls","version":"1.0.0"}}})";
 
-void expectCleanExit(const ProcessResult& result) {
-    EXPECT_FALSE(result.timedOut);
-    EXPECT_TRUE(result.exited);
-    EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_EQ(result.err, "");
-}
 
 void expectAbnormalEnd(const ProcessResult& result) {
     EXPECT_FALSE(result.timedOut);

@@ -20,20 +20,7 @@ struct Expected {
     std::string message;
 };
 
-std::string jsonEscape(const std::string& text) {
-    std::string out;
-    for (char c : text) {
-        switch (c) {
-            case '"': out.append("\\\""); break;
-            case '\\': out.append("\\\\"); break;
-            case '\n': out.append("\\n"); break;
-            case '\r': out.append("\\r"); break;
-            case '\t': out.append("\\t"); break;
-            default: out.push_back(c);
-        }
-    }
-    return out;
-}
+std::string jsonEscape(const std::string& text) { return quor::e2e::escapeJsonText(text); }
 
 std::string openMessage(const std::string& text) {
     std::string body(R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{"textDocument":)");

@@ -10,17 +10,12 @@
 
 using quor::e2e::frame;
 using quor::e2e::ProcessResult;
+using quor::e2e::expectCleanExit;
 using quor::e2e::runServer;
 using quor::e2e::splitFramed;
 
 namespace {
 
-void expectCleanExit(const ProcessResult& result) {
-    EXPECT_FALSE(result.timedOut);
-    EXPECT_TRUE(result.exited);
-    EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_EQ(result.err, "");
-}
 
 // The body of the answer to an unknown request with the given id text.
 std::string nullAnswer(const std::string& idJson) {
