@@ -181,9 +181,8 @@ private:
 }  // namespace
 
 std::string formatTokens(const std::vector<Token>& tokens, const FormatOptions& options, std::size_t capacity) {
-    FormatPass pass(options, capacity);
-    pass.run(tokens, std::numeric_limits<std::size_t>::max());
-    return pass.take();
+    // With no limit the pass always completes.
+    return *formatTokensWithin(tokens, options, capacity, std::numeric_limits<std::size_t>::max());
 }
 
 std::optional<std::string> formatTokensWithin(const std::vector<Token>& tokens, const FormatOptions& options,
