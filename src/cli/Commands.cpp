@@ -6,6 +6,7 @@
 #include "diagnostics/DiagnosticEngine.h"
 #include "doc/DocGenerator.h"
 #include "fmt/Formatter.h"
+#include "frontend/FrontEnd.h"
 #include "lexer/Lexer.h"
 #include "parser/Parser.h"
 
@@ -25,17 +26,6 @@ bool readSingleFile(const Arguments& args, std::string& path, std::string& text,
         return false;
     }
     return true;
-}
-
-// Scanner, then parser while the scanner found nothing: the same chain the server runs.
-void checkText(const std::string& path, const std::string& text, diagnostics::DiagnosticEngine& engine) {
-    lexer::Lexer lexer(text, path, &engine);
-    std::vector<lexer::Token> tokens = lexer.tokenizeAll();
-    if (engine.getErrorCount() != 0) {
-        return;
-    }
-    parser::Parser parser(tokens, path, &engine);
-    parser.parseProgram();
 }
 
 }  // namespace
@@ -65,7 +55,7 @@ int runCheck(const Arguments& args, std::ostream& out, std::ostream& err) {
             continue;
         }
         diagnostics::DiagnosticEngine engine(out);
-        checkText(path, text, engine);
+        frontend::runFrontEnd(text, path, engine);
         anyErrors = anyErrors || engine.getErrorCount() != 0;
     }
     return anyErrors ? 1 : 0;

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "sema/Type.h"
+
+namespace quor::sema {
+
+// Owns every type of one analysis: the primitive singletons, the named types
+// (classes, interfaces, structs, enums, built-in and specialised classes) and
+// the interned arrays, maps and nullables. Turns the parser's type text into
+// types (`resolveType` is the language's type grammar) and implements the
+// textual generics. One context serves one analysis and dies with it.
+class TypeContext {
+public:
+    TypeContext();
+    ~TypeContext();
+    TypeContext(const TypeContext&) = delete;
+    TypeContext& operator=(const TypeContext&) = delete;
+
+    TypePtr getArrayType(TypePtr element);
+    TypePtr getMapType(TypePtr key, TypePtr value);
+    TypePtr getNullableType(TypePtr inner);
+    std::shared_ptr<FunctionType> getFunctionType(std::vector<TypePtr> params, TypePtr returnType);
+
+    std::shared_ptr<ClassType> createClassType(const std::string& name);
+    std::shared_ptr<InterfaceType> createInterfaceType(const std::string& name);
+    std::shared_ptr<StructType> createStructType(const std::string& name);
+    std::shared_ptr<EnumType> createEnumType(const std::string& name);
+    void registerUserType(const std::string& name, TypePtr type);
+    TypePtr findUserType(const std::string& name) const;
+
+    static std::vector<std::string> splitTypeArgs(const std::string& text);
+    static std::string substituteType(const std::string& text, const std::vector<std::string>& params,
+                                      const std::vector<std::string>& args);
+    TypePtr specializeClassType(const std::shared_ptr<ClassType>& base, const std::vector<std::string>& args);
+
+    // Null when the text names nothing.
+    TypePtr resolveType(const std::string& text);
+    TypePtr getCommonType(const TypePtr& a, const TypePtr& b);
+
+    // The primitive singletons, in TypeKind order.
+    TypePtr voidType, nullType, boolType, int8Type, uint8Type, int16Type, uint16Type, intType, uintType,
+        int64Type, uint64Type, floatType, doubleType, charType, stringType, anyType, unknownType, errorType;
+
+    std::unordered_map<std::string, TypePtr> userTypes;
+    std::unordered_map<std::string, TypePtr> typeCache;
+
+private:
+    // Builds the ten built-in classes (IO, Console, String, Math, ...).
+    void createBuiltinClasses();
+    // "List<T>" and "Set<T>": the class of that element, made on first use.
+    TypePtr resolveCollectionClass(const std::string& head, const std::string& elementText);
+    // Remembers a named type so that the destructor can break the reference
+    // cycles between classes (a field of its own class, a factory returning
+    // its class) which would otherwise outlive the analysis.
+    template <typename T>
+    std::shared_ptr<T> track(std::shared_ptr<T> type);
+
+    std::vector<TypePtr> namedTypes;
+};
+
+}  // namespace quor::sema
