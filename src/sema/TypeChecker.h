@@ -80,10 +80,11 @@ public:
     std::int32_t switchDepth = 0;
     std::unordered_map<const ast::ExpressionNode*, TypePtr> exprTypes;
 
-private:
     // Shorthand for an error report at a node's place.
     void report(std::string_view code, const std::string& message, const diagnostics::SourceLocation& location,
                 std::string_view hint = {});
+
+private:
 
     // Call forms (one per callee shape), each leaving the call's type.
     void checkCallByName(const ast::CallExpr& call, const std::string& name, const std::vector<TypePtr>& argTypes);
