@@ -4,6 +4,7 @@
 # Each answer of the server is printed as one line of JSON (long ones cut).
 set -euo pipefail
 cd "$(dirname "$0")/.."
+scripts/ensure-packages.sh
 
 build=build/demo
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=OFF >/dev/null

@@ -3,6 +3,7 @@
 # build, once with AddressSanitizer and UndefinedBehaviorSanitizer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+scripts/ensure-packages.sh
 jobs=$(nproc 2>/dev/null || echo 2)
 
 run_leg() {
