@@ -11,6 +11,7 @@ namespace quor::cli {
 using Arguments = std::vector<std::string>;
 
 int runCheck(const Arguments& args, std::ostream& out, std::ostream& err);
+int runDoc(const Arguments& args, std::ostream& out, std::ostream& err);
 int runFormat(const Arguments& args, std::ostream& out, std::ostream& err);
 int runOutline(const Arguments& args, std::ostream& out, std::ostream& err);
 int runTokens(const Arguments& args, std::ostream& out, std::ostream& err);

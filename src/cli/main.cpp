@@ -16,8 +16,10 @@ struct Command {
     int (*run)(const Arguments&, std::ostream&, std::ostream&);
 };
 
-constexpr std::array<Command, 4> COMMANDS = {{
+constexpr std::array<Command, 5> COMMANDS = {{
     {"check", "FILE...", "scan and parse each file, print its errors; exit 1 if any", quor::cli::runCheck},
+    {"doc", "INPUT [OUTDIR]", "write Markdown and HTML pages of a file or directory into OUTDIR (docs)",
+     quor::cli::runDoc},
     {"fmt", "[--check] FILE", "print the formatted file; with --check exit 1 if it is not formatted",
      quor::cli::runFormat},
     {"outline", "FILE", "list the file's declarations with their signatures and doc briefs", quor::cli::runOutline},
