@@ -54,6 +54,10 @@ private:
     void createBuiltinClasses();
     // "List<T>" and "Set<T>": the class of that element, made on first use.
     TypePtr resolveCollectionClass(const std::string& head, const std::string& elementText);
+    // The same for an element already resolved; a null element names "<head>any>".
+    TypePtr collectionClassOf(const std::string& head, const TypePtr& element);
+    // Steps 9 to 12 of resolveType: a text with no suffix and no collection head.
+    TypePtr resolveNamedType(const std::string& text);
     // Remembers a named type so that the destructor can break the reference
     // cycles between classes (a field of its own class, a factory returning
     // its class) which would otherwise outlive the analysis.
@@ -61,6 +65,10 @@ private:
     std::shared_ptr<T> track(std::shared_ptr<T> type);
 
     std::vector<TypePtr> namedTypes;
+    // How many specialisations are filling their members right now, one
+    // inside the other. A generic class whose member names a deeper
+    // specialisation of itself would otherwise nest without end.
+    int specializationDepth = 0;
 };
 
 }  // namespace quor::sema
