@@ -7,6 +7,7 @@
 
 #include "ast/AST.h"
 #include "diagnostics/DiagnosticEngine.h"
+#include "sema/InheritanceIndex.h"
 #include "sema/Symbol.h"
 #include "sema/TypeContext.h"
 
@@ -49,6 +50,8 @@ public:
     diagnostics::DiagnosticEngine& diagnostics;
     std::unordered_set<std::string> importedModules;
     std::vector<std::string> currentTypeParams;
+    // The class chains while pass 2 runs; spares the walks that cannot find anything.
+    InheritanceIndex inheritance;
 };
 
 }  // namespace quor::sema

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "sema/Type.h"
+
+namespace quor::sema {
+
+// The superclass chains of the classes as the resolver's second pass sees
+// them, with a few counts that let most walks up a chain be answered without
+// walking. Every answer is the one the plain walk would give: a walk is
+// skipped only where the counts show that it cannot find anything, and made
+// (stopping at its first hit) otherwise.
+//
+// The counts are kept only between `start` and `stop`, while the resolver is
+// the only code that changes the classes it reaches, and it does so through
+// `link`, `addField` and `addMethod`. A class is taken into the counts the
+// first time one of the operations meets it, together with its whole chain.
+// Outside that window every question is answered by the plain walk.
+class InheritanceIndex {
+public:
+    void start();
+    void stop();
+
+    // Does a class of that name stand on the chain from `start`, itself included?
+    bool chainHasName(const ClassType& start, const std::string& name);
+    // Does `target` itself stand on the chain from `start`, itself included?
+    bool chainHasClass(const ClassType& start, const ClassType& target);
+    // Does a class on the chain from `start`, itself included, have the field?
+    bool chainHasField(const ClassType& start, const std::string& fieldName);
+    // Does a class on the chain from `start`, itself included, have a method
+    // of that name whose function type equals `type`? The same question as
+    // whether `findMethods(name)` on `start` yields such a method, since an
+    // inherited method is only ever hidden by an equal one.
+    bool chainHasMethod(const ClassType* start, const std::string& methodName, const FunctionType& type);
+
+    void link(ClassType& derived, const std::shared_ptr<ClassType>& base);
+    void addField(ClassType& owner, MemberField field);
+    void addMethod(ClassType& owner, MemberMethod method);
+
+private:
+    // Takes `cls` and every class above it into the counts.
+    void track(const ClassType& cls);
+    void countSubclass(const ClassType& base, bool added);
+    // The first class from `start` up the chain for which `hit` holds, or null.
+    template <typename Predicate>
+    const ClassType* findOnChain(const ClassType* start, Predicate hit) const;
+
+    bool active = false;
+    std::unordered_set<const ClassType*> tracked;
+    // For each tracked class that some tracked class names as its superclass:
+    // how many do.
+    std::unordered_map<const ClassType*, std::size_t> subclassCount;
+    // The names of the classes in `subclassCount`, with how many bear each.
+    std::unordered_map<std::string, std::size_t> baseNames;
+    // Own fields and methods of the tracked classes, by name.
+    std::unordered_map<std::string, std::size_t> fieldOwners;
+    std::unordered_map<std::string, std::size_t> methodOwners;
+};
+
+}  // namespace quor::sema
