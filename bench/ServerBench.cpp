@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "BenchInput.h"
+#include "generator/QuorDocuments.h"
 #include "lsp/JsonValue.h"
 #include "lsp/LspServer.h"
 
@@ -72,5 +73,32 @@ void BM_JsonRoundTrip(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(body.size()));
 }
 BENCHMARK(BM_JsonRoundTrip);
+
+void BM_JsonParse(benchmark::State& state) {
+    const std::string body = changeMessage(quor::bench::realisticDocument(static_cast<std::size_t>(state.range(0))));
+    for (auto _ : state) {
+        std::size_t pos = 0;
+        benchmark::DoNotOptimize(JsonValue::parseValue(body, pos));
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(body.size()));
+}
+BENCHMARK(BM_JsonParse)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void BM_JsonSerialize(benchmark::State& state) {
+    // A completion answer's shape: many small objects of four strings.
+    JsonValue items = JsonValue::makeArray();
+    for (int i = 0; i < state.range(0); ++i) {
+        JsonValue item = JsonValue::makeObject();
+        item["label"] = JsonValue("totalAmount" + std::to_string(i));
+        item["kind"] = JsonValue(3);
+        item["detail"] = JsonValue("fn totalAmount(records: Record[]): int");
+        item["documentation"] = JsonValue("Sums the amounts of a list of records.\n\"quoted\"");
+        items.push(std::move(item));
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(items.serialize());
+    }
+}
+BENCHMARK(BM_JsonSerialize)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
