@@ -5,10 +5,7 @@
 
 #include "diagnostics/DiagnosticEngine.h"
 #include "doc/DocGenerator.h"
-#include "fmt/Formatter.h"
-#include "frontend/FrontEnd.h"
 #include "lexer/Lexer.h"
-#include "parser/Parser.h"
 
 namespace quor::cli {
 
@@ -39,47 +36,6 @@ bool readFile(const std::string& path, std::string& text) {
     buffer << file.rdbuf();
     text = buffer.str();
     return true;
-}
-
-int runCheck(const Arguments& args, std::ostream& out, std::ostream& err) {
-    if (args.empty()) {
-        err << "quor: expected at least one file\n";
-        return 2;
-    }
-    bool anyErrors = false;
-    for (const std::string& path : args) {
-        std::string text;
-        if (!readFile(path, text)) {
-            err << "quor: cannot read '" << path << "'\n";
-            anyErrors = true;
-            continue;
-        }
-        diagnostics::DiagnosticEngine engine(out);
-        frontend::runFrontEnd(text, path, engine);
-        anyErrors = anyErrors || engine.getErrorCount() != 0;
-    }
-    return anyErrors ? 1 : 0;
-}
-
-int runFormat(const Arguments& args, std::ostream& out, std::ostream& err) {
-    bool checkOnly = !args.empty() && args.front() == "--check";
-    Arguments files(args.begin() + (checkOnly ? 1 : 0), args.end());
-    std::string path;
-    std::string text;
-    if (!readSingleFile(files, path, text, err)) {
-        return 2;
-    }
-    // The defaults are the settings the server formats with.
-    fmt::Formatter formatter(fmt::FormatOptions{});
-    if (checkOnly) {
-        bool formatted = formatter.isFormatted(text);
-        if (!formatted) {
-            out << path << ": not formatted\n";
-        }
-        return formatted ? 0 : 1;
-    }
-    out << formatter.format(text);
-    return 0;
 }
 
 int runOutline(const Arguments& args, std::ostream& out, std::ostream& err) {

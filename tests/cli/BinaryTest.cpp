@@ -4,6 +4,8 @@
 #include <string>
 #include <sys/wait.h>
 
+#include "cli/CliTestSupport.h"
+
 namespace {
 
 struct Output {
@@ -47,9 +49,32 @@ TEST(CliBinary, UnknownCommandOrNoCommandIsAUsageError) {
     EXPECT_EQ(runTool("").status, 2);
 }
 
-TEST(CliBinary, CheckOfTheExamplesSucceeds) {
-    Output check = runTool(std::string("check ") + QUOR_EXAMPLES_DIR + "/shapes.quor " + QUOR_EXAMPLES_DIR +
-                           "/collections.quor");
+TEST(CliBinary, HelpDescribesTheOptionsOfCheckAndFmt) {
+    Output help = runTool("--help");
+    for (const char* option : {"--format json", "--format github", "--color WHEN", "-j N", "--check", "--stdout"}) {
+        EXPECT_NE(help.out.find(option), std::string::npos) << option;
+    }
+}
+
+TEST(CliBinary, CheckOfACleanDirectorySucceedsWithNothingOnStandardOutput) {
+    quor::cli::testing::TempDir dir;
+    dir.write("clean.quor", "let x = 1;\n");
+    Output check = runTool("check " + dir.root);
     EXPECT_EQ(check.status, 0);
     EXPECT_EQ(check.out, "");
+}
+
+TEST(CliBinary, CheckInJsonWritesTheDiagnosticsToStandardOutput) {
+    quor::cli::testing::TempDir dir;
+    std::string path = dir.write("bad.quor", "#\n");
+    Output check = runTool("check --format json " + dir.root);
+    EXPECT_EQ(check.status, 1);
+    EXPECT_EQ(check.out.rfind("{\"file\":\"" + path + "\",\"line\":1,\"column\":1,", 0), 0u) << check.out;
+}
+
+TEST(CliBinary, CheckOfAMissingPathNextToGoodFilesExitsTwo) {
+    quor::cli::testing::TempDir dir;
+    dir.write("clean.quor", "let x = 1;\n");
+    Output check = runTool("check " + dir.root + " " + dir.path("none.quor"));
+    EXPECT_EQ(check.status, 2);
 }

@@ -1,0 +1,103 @@
+// quor check: the front end over whole trees of sources, as a CI job runs it.
+#include <unistd.h>
+
+#include <algorithm>
+#include <iostream>
+#include <thread>
+
+#include "cli/CheckOptions.h"
+#include "cli/Commands.h"
+#include "cli/OrderedWork.h"
+#include "cli/SourceFiles.h"
+#include "cli/Summary.h"
+#include "diagnostics/DiagnosticEngine.h"
+#include "frontend/FrontEnd.h"
+
+namespace quor::cli {
+
+namespace {
+
+// What checking one file left behind, kept until it is printed.
+struct FileCheck {
+    bool readable = false;
+    std::vector<diagnostics::Diagnostic> diagnostics;
+};
+
+FileCheck checkFile(const std::string& path) {
+    FileCheck result;
+    std::string text;
+    result.readable = readFile(path, text);
+    if (!result.readable) return result;
+    // The engine's own printing is not wanted here: each format writes the
+    // records itself, in file order. A stream without a buffer drops it.
+    std::ostream discard(nullptr);
+    diagnostics::DiagnosticEngine engine(discard);
+    frontend::runFrontEnd(text, path, engine);
+    result.diagnostics = engine.getDiagnostics();
+    return result;
+}
+
+unsigned workerCount(const CheckOptions& options) {
+    if (options.jobs != 0) return options.jobs;
+    return std::max(std::thread::hardware_concurrency(), 1u);
+}
+
+bool wantsColour(ColourChoice choice, const std::ostream& err) {
+    if (choice != ColourChoice::Auto) return choice == ColourChoice::Always;
+    return &err == &std::cerr && isatty(STDERR_FILENO) != 0;
+}
+
+// Text goes with other messages for people to standard error; the machine
+// formats go to standard output, where a pipe or a CI runner reads them.
+void writeDiagnostic(const diagnostics::Diagnostic& diagnostic, ReportFormat format, bool colour,
+                     std::ostream& out, std::ostream& err) {
+    switch (format) {
+        case ReportFormat::Text:
+            colour ? writeColouredText(diagnostic, err) : writePlainText(diagnostic, err);
+            break;
+        case ReportFormat::Json:
+            writeJsonLine(diagnostic, out);
+            break;
+        case ReportFormat::Github:
+            writeGithubAnnotation(diagnostic, out);
+            break;
+    }
+}
+
+}  // namespace
+
+int runCheck(const Arguments& args, std::ostream& out, std::ostream& err) {
+    CheckOptions options;
+    std::string usageError;
+    if (!parseCheckOptions(args, options, usageError)) {
+        err << "quor check: " << usageError << "\n" << CHECK_USAGE;
+        return 2;
+    }
+    SourceFiles sources = collectSourceFiles(options.paths);
+    for (const std::string& problem : sources.problems) err << "quor: " << problem << "\n";
+
+    bool colour = wantsColour(options.colour, err);
+    std::vector<FileCheck> checks(sources.files.size());
+    CheckTally tally;
+    tally.unreadable = sources.problems.size();
+    runOrdered(
+        sources.files.size(), workerCount(options), [&](std::size_t i) { checks[i] = checkFile(sources.files[i]); },
+        [&](std::size_t i) {
+            FileCheck done = std::move(checks[i]);
+            if (!done.readable) {
+                err << "quor: cannot read '" << sources.files[i] << "'\n";
+                ++tally.unreadable;
+                return;
+            }
+            tally.count(static_cast<std::size_t>(std::count_if(
+                done.diagnostics.begin(), done.diagnostics.end(),
+                [](const diagnostics::Diagnostic& d) { return d.severity == diagnostics::DiagnosticSeverity::Error; })));
+            for (const diagnostics::Diagnostic& diagnostic : done.diagnostics) {
+                writeDiagnostic(diagnostic, options.format, colour, out, err);
+            }
+        });
+    if (options.format == ReportFormat::Text) err << summaryLine(tally) << "\n";
+    return tally.exitStatus();
+}
+
+}  // namespace quor::cli
