@@ -12,7 +12,12 @@ packages=(
   libgtest-dev
   libgmock-dev
   libbenchmark-dev
+  chromium
+  nodejs
 )
+# The browser test of the documentation pages runs npm. Some Node.js builds
+# ship npm inside their nodejs package, and Debian's own npm would clash.
+command -v npm >/dev/null 2>&1 || packages+=(npm)
 
 if ! command -v dpkg-query >/dev/null 2>&1; then
   echo "ensure-packages: no dpkg here; make sure these are installed: ${packages[*]}" >&2
