@@ -12,7 +12,7 @@ std::string escape(const std::string& text) { return standardGenerator().escapeH
 
 }  // namespace
 
-TEST(EscapeHtml, EachSpecialByteBecomesItsEntity) {
+TEST(EscapeHtml, EachMarkupByteBecomesItsEntity) {
     EXPECT_EQ(escape("\""), "&quot;");
     EXPECT_EQ(escape("'"), "&#39;");
     EXPECT_EQ(escape("&"), "&amp;");
