@@ -1,0 +1,122 @@
+#pragma once
+
+// Helpers of the checker tests: the place of a token in a source, one
+// expected record in the form of `describe`, and the checked type of the
+// initializer of a named local variable.
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "sema/SemaTestSupport.h"
+
+namespace quor::sema::testing {
+
+// "line:column" of the nth (one-based) occurrence of `needle` on the
+// one-based `line` of `source`.
+inline std::string at(const std::string& source, int line, const std::string& needle, int nth = 1) {
+    std::size_t start = 0;
+    for (int current = 1; current < line; ++current) {
+        start = source.find('\n', start);
+        if (start == std::string::npos) return "<no line " + std::to_string(line) + ">";
+        ++start;
+    }
+    std::size_t end = source.find('\n', start);
+    std::string text = source.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    std::size_t column = std::string::npos;
+    std::size_t from = 0;
+    for (int i = 0; i < nth; ++i) {
+        column = text.find(needle, from);
+        if (column == std::string::npos) return "<no '" + needle + "' on line " + std::to_string(line) + ">";
+        from = column + 1;
+    }
+    return std::to_string(line) + ":" + std::to_string(column + 1);
+}
+
+inline std::string record(const std::string& code, const std::string& message, const std::string& place,
+                          const std::string& hint = "") {
+    return code + "|" + message + "|" + hint + "|" + place;
+}
+
+namespace detail {
+
+inline const ast::VarDeclStmt* findVariable(const ast::ASTNode* node, const std::string& name);
+
+inline const ast::VarDeclStmt* findVariableIn(const std::vector<ast::StmtPtr>& statements, const std::string& name) {
+    for (const auto& statement : statements) {
+        if (const auto* found = findVariable(statement.get(), name)) return found;
+    }
+    return nullptr;
+}
+
+// Looks through functions, class members, blocks and the branches and
+// bodies of statements for the declaration of `name`.
+inline const ast::VarDeclStmt* findVariable(const ast::ASTNode* node, const std::string& name) {
+    if (!node) return nullptr;
+    switch (node->nodeKind) {
+        case ast::NodeKind::VarDeclStmt: {
+            const auto* decl = static_cast<const ast::VarDeclStmt*>(node);
+            return decl->name == name ? decl : nullptr;
+        }
+        case ast::NodeKind::BlockStmt:
+            return findVariableIn(static_cast<const ast::BlockStmt*>(node)->statements, name);
+        case ast::NodeKind::FunctionDecl:
+            return findVariable(static_cast<const ast::FunctionDecl*>(node)->body.get(), name);
+        case ast::NodeKind::ClassDecl:
+            for (const auto& member : static_cast<const ast::ClassDecl*>(node)->members) {
+                if (const auto* found = findVariable(member.get(), name)) return found;
+            }
+            return nullptr;
+        case ast::NodeKind::IfStmt: {
+            const auto* branch = static_cast<const ast::IfStmt*>(node);
+            if (const auto* found = findVariable(branch->thenBranch.get(), name)) return found;
+            return findVariable(branch->elseBranch.get(), name);
+        }
+        case ast::NodeKind::WhileStmt:
+            return findVariable(static_cast<const ast::WhileStmt*>(node)->body.get(), name);
+        case ast::NodeKind::ForInStmt:
+            return findVariable(static_cast<const ast::ForInStmt*>(node)->body.get(), name);
+        case ast::NodeKind::ForStmt:
+            return findVariable(static_cast<const ast::ForStmt*>(node)->body.get(), name);
+        case ast::NodeKind::TryCatchStmt: {
+            const auto* tryCatch = static_cast<const ast::TryCatchStmt*>(node);
+            if (const auto* found = findVariable(tryCatch->tryBlock.get(), name)) return found;
+            for (const auto& clause : tryCatch->catches) {
+                if (const auto* found = findVariable(clause.body.get(), name)) return found;
+            }
+            return nullptr;
+        }
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace detail
+
+// The type the checker recorded for the initializer of the local `name`,
+// as text; "<not checked>" when the checker never typed it.
+inline std::string typeOfInitializer(Analysis& analysis, const std::string& name) {
+    for (const auto& declaration : analysis.program->declarations) {
+        const ast::VarDeclStmt* decl = detail::findVariable(declaration.get(), name);
+        if (!decl) continue;
+        if (!decl->initializer) return "<no initializer>";
+        auto& recorded = analysis.checker().exprTypes;
+        auto found = recorded.find(decl->initializer.get());
+        return found == recorded.end() ? "<not checked>" : found->second->toString();
+    }
+    return "<no variable '" + name + "'>";
+}
+
+// A whole program analysed, and the type of the local `name` in it.
+struct Probe {
+    std::vector<std::string> records;
+    std::string type;
+};
+
+inline Probe probe(const std::string& source, const std::string& name = "probe") {
+    Analysis analysis(source);
+    analysis.analyze();
+    return {analysis.records(), typeOfInitializer(analysis, name)};
+}
+
+}  // namespace quor::sema::testing
