@@ -39,8 +39,16 @@ void collectDocBlocks(std::vector<lexer::Token>& pending, std::vector<RawDocBloc
 // Scans `source` with comments kept and returns its doc blocks in order.
 std::vector<RawDocBlock> findDocBlocks(std::string_view source);
 
+// The doc blocks of a token stream scanned with comments kept, in order.
+// With `parse` false a block holds only its raw text and lines, and
+// `parseDocBlock(block.raw, ...)` reads the rest when the block is needed.
+std::vector<RawDocBlock> docBlocksOf(const std::vector<lexer::Token>& tokens, bool parse);
+
 // The nearest unused block that ends 1 to 5 lines above `line`, marked
-// used; null if there is none.
+// used; null if there is none. Of two at the same distance the later one
+// wins. `blocks` are in source order, so their end lines never decrease,
+// and the candidates are found by binary search rather than by a walk over
+// every block: a document claims a block for each declaration.
 RawDocBlock* claimDocBlock(std::vector<RawDocBlock>& blocks, std::int32_t line);
 
 }  // namespace quor::doc

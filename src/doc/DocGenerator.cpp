@@ -27,22 +27,35 @@ std::string moduleNameFromPath(const std::string& path) {
 
 DocGenerator::DocGenerator(DocOptions options) : options(std::move(options)) {}
 
+ExtractionSource readExtractionSource(const std::string& source, const std::string& path, bool withBlocks,
+                                      bool parseBlocks) {
+    // One scan serves both readings: the doc blocks come from the stream
+    // with its comments, and the parser gets the same stream without them,
+    // which is what a scan that drops comments would have made. No location
+    // of these tokens reaches a DocModule (entries keep only line numbers),
+    // so the scan is made under the extractor's short fixed name.
+    std::ostringstream discarded;
+    diagnostics::DiagnosticEngine engine(discarded);
+    lexer::Lexer scanner(source, "source.quor", &engine);
+    scanner.preserveComments = true;
+    std::vector<lexer::Token> tokens = scanner.tokenizeAll();
+
+    ExtractionSource result;
+    if (withBlocks) result.blocks = docBlocksOf(tokens, parseBlocks);
+    std::erase_if(tokens, [](const lexer::Token& token) {
+        return token.type == lexer::TokenType::Comment || token.type == lexer::TokenType::DocComment;
+    });
+    parser::Parser parser(tokens, path.empty() ? std::string("source.quor") : path, &engine);
+    result.program = parser.parseProgram();
+    return result;
+}
+
 DocModule DocGenerator::extractModule(const std::string& source, const std::string& path) const {
     DocModule module;
     module.path = path;
     module.name = moduleNameFromPath(path);
-    std::vector<RawDocBlock> blocks = findDocBlocks(source);
-
-    // Syntax errors are collected and dropped: whatever the parser kept is
-    // documented.
-    std::ostringstream discarded;
-    diagnostics::DiagnosticEngine engine(discarded);
-    const std::string filename = path.empty() ? std::string("source.quor") : path;
-    lexer::Lexer scanner(source, filename, &engine);
-    std::vector<lexer::Token> tokens = scanner.tokenizeAll();
-    parser::Parser parser(tokens, filename, &engine);
-    std::unique_ptr<ast::Program> program = parser.parseProgram();
-    if (program) ModuleExtractor(module, blocks).addProgram(*program);
+    ExtractionSource read = readExtractionSource(source, path, true, true);
+    if (read.program) ModuleExtractor(module, read.blocks).addProgram(*read.program);
     return module;
 }
 

@@ -49,6 +49,16 @@ DocEntry callableEntry(const ast::FunctionDecl& function, DocKind kind) {
     return entry;
 }
 
+// A struct field's entry without its doc block.
+DocEntry structFieldEntry(const ast::VarDeclStmt& field) {
+    DocEntry entry = namedEntry(field.name, DocKind::Field, field);
+    entry.visibility = visibilityOf(field.visibility);
+    entry.isStatic = field.isStatic;
+    entry.returnType = field.typeName;
+    entry.signature = structFieldSignature(field);
+    return entry;
+}
+
 }  // namespace
 
 void ModuleExtractor::addProgram(const ast::Program& program) {
@@ -139,11 +149,7 @@ DocEntry ModuleExtractor::structEntry(const ast::StructDecl& decl) {
     attachDoc(entry);
     for (const auto& field : decl.fields) {
         if (!field) continue;
-        DocEntry fieldEntry = namedEntry(field->name, DocKind::Field, *field);
-        fieldEntry.visibility = visibilityOf(field->visibility);
-        fieldEntry.isStatic = field->isStatic;
-        fieldEntry.returnType = field->typeName;
-        fieldEntry.signature = structFieldSignature(*field);
+        DocEntry fieldEntry = structFieldEntry(*field);
         attachDoc(fieldEntry);
         entry.members.push_back(std::move(fieldEntry));
     }
@@ -174,8 +180,13 @@ DocEntry ModuleExtractor::variableEntry(const ast::VarDeclStmt& variable, DocKin
 }
 
 void ModuleExtractor::attachDoc(DocEntry& entry) {
-    const RawDocBlock* block = claimDocBlock(blocks, entry.line);
+    RawDocBlock* block = claimDocBlock(blocks, entry.line);
     if (block == nullptr) return;
+    if (!blocksParsed) {
+        RawDocBlock parsed = parseDocBlock(block->raw, block->startLine, block->endLine);
+        parsed.used = true;
+        *block = std::move(parsed);
+    }
     entry.description = block->description;
     entry.brief = block->brief;
     if (!block->returns.empty()) entry.returnDescription = block->returns;
@@ -183,6 +194,113 @@ void ModuleExtractor::attachDoc(DocEntry& entry) {
         auto found = block->params.find(param.name);
         if (found != block->params.end()) param.description = found->second;
     }
+}
+
+void ModuleExtractor::passOver(const ast::ASTNode& node) { claimDocBlock(blocks, lineOf(node)); }
+
+std::optional<DocEntry> ModuleExtractor::findEntry(const ast::Program& program, std::string_view name) {
+    // The same walk as addProgram, in the same order of claims; only the
+    // entry that matches is built.
+    for (const ast::NodePtr& node : program.declarations) {
+        if (!node) continue;
+        switch (node->nodeKind) {
+            case ast::NodeKind::ModuleDecl:
+                passOver(*node);
+                break;
+            case ast::NodeKind::FunctionDecl: {
+                const auto& function = static_cast<const ast::FunctionDecl&>(*node);
+                if (std::string_view(function.name).substr(0, TEST_FUNCTION_PREFIX.size()) == TEST_FUNCTION_PREFIX) {
+                    break;
+                }
+                if (function.name == name) return functionEntry(function);
+                passOver(function);
+                break;
+            }
+            case ast::NodeKind::ClassDecl: {
+                const auto& decl = static_cast<const ast::ClassDecl&>(*node);
+                if (decl.name == name) return classEntry(decl);
+                passOver(decl);
+                for (const ast::NodePtr& member : decl.members) {
+                    if (!member) continue;
+                    if (member->nodeKind == ast::NodeKind::FunctionDecl) {
+                        const auto& method = static_cast<const ast::FunctionDecl&>(*member);
+                        if (method.name != name) {
+                            passOver(method);
+                            continue;
+                        }
+                        DocEntry methodEntry = callableEntry(method, DocKind::Method);
+                        methodEntry.signature = classMethodSignature(method);
+                        attachDoc(methodEntry);
+                        return methodEntry;
+                    }
+                    if (member->nodeKind == ast::NodeKind::VarDeclStmt) {
+                        const auto& field = static_cast<const ast::VarDeclStmt&>(*member);
+                        if (field.name == name) return variableEntry(field, DocKind::Field);
+                        passOver(field);
+                    }
+                }
+                break;
+            }
+            case ast::NodeKind::InterfaceDecl: {
+                const auto& decl = static_cast<const ast::InterfaceDecl&>(*node);
+                if (decl.name == name) return interfaceEntry(decl);
+                passOver(decl);
+                for (const auto& method : decl.methods) {
+                    if (!method) continue;
+                    if (method->name != name) {
+                        passOver(*method);
+                        continue;
+                    }
+                    DocEntry methodEntry = callableEntry(*method, DocKind::Method);
+                    methodEntry.signature = interfaceMethodSignature(*method);
+                    attachDoc(methodEntry);
+                    return methodEntry;
+                }
+                break;
+            }
+            case ast::NodeKind::StructDecl: {
+                const auto& decl = static_cast<const ast::StructDecl&>(*node);
+                if (decl.name == name) return structEntry(decl);
+                passOver(decl);
+                for (const auto& field : decl.fields) {
+                    if (!field) continue;
+                    if (field->name != name) {
+                        passOver(*field);
+                        continue;
+                    }
+                    DocEntry fieldEntry = structFieldEntry(*field);
+                    attachDoc(fieldEntry);
+                    return fieldEntry;
+                }
+                break;
+            }
+            case ast::NodeKind::EnumDecl: {
+                const auto& decl = static_cast<const ast::EnumDecl&>(*node);
+                if (decl.name == name) return enumEntry(decl);
+                passOver(decl);
+                for (const ast::EnumVariant& variant : decl.variants) {
+                    if (variant.name != name) {
+                        passOver(decl);  // a variant stands on its enum's line
+                        continue;
+                    }
+                    DocEntry variantEntry = namedEntry(variant.name, DocKind::Field, decl);
+                    variantEntry.signature = variant.name;
+                    attachDoc(variantEntry);
+                    return variantEntry;
+                }
+                break;
+            }
+            case ast::NodeKind::VarDeclStmt: {
+                const auto& variable = static_cast<const ast::VarDeclStmt&>(*node);
+                if (variable.name == name) return variableEntry(variable, DocKind::Variable);
+                passOver(variable);
+                break;
+            }
+            default:
+                break;
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace quor::doc

@@ -1,6 +1,7 @@
 // Go to definition: the line of the first declaration named like the word
 // under the cursor, in the same document.
-#include "doc/DocGenerator.h"
+#include <optional>
+
 #include "doc/DocLookup.h"
 #include "lsp/LspServer.h"
 
@@ -13,14 +14,14 @@ JsonValue LspServer::handleDefinition(const JsonValue&, const JsonValue& params)
     const std::string word = extractWordAtPosition(text, position.line, position.character);
     if (word.empty()) return JsonValue();
 
-    const doc::DocGenerator generator(doc::defaultDocOptions());
-    const doc::DocModule module = generator.extractModule(text, uri);
-    const doc::DocEntry* entry = doc::findEntryByName(module, word);
-    if (entry == nullptr) return JsonValue();
+    // Only the line of the declaration that a lookup over the extracted
+    // module would find is needed, so no doc comment is read.
+    const std::optional<std::int32_t> declared = doc::lookupDeclarationLine(text, uri, word);
+    if (!declared) return JsonValue();
 
     // The range brings the cursor to the declaration's line; it does not
     // mark the name itself.
-    const std::int32_t line = entry->line < 2 ? 0 : entry->line - 1;
+    const std::int32_t line = *declared < 2 ? 0 : *declared - 1;
     Location location;
     location.uri = uri;
     location.range.start = Position{line, 0};

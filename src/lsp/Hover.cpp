@@ -2,8 +2,8 @@
 // tables or from the document's declaration of that name.
 #include <cctype>
 #include <cstddef>
+#include <optional>
 
-#include "doc/DocGenerator.h"
 #include "doc/DocLookup.h"
 #include "lsp/LspServer.h"
 #include "lsp/WordTables.h"
@@ -91,10 +91,10 @@ JsonValue LspServer::handleHover(const JsonValue&, const JsonValue& params) {
     } else if (isPrimitiveTypeName(word)) {
         hover.contents = primitiveTypeMarkdown(word);
     } else {
-        const doc::DocGenerator generator(doc::defaultDocOptions());
-        const doc::DocModule module = generator.extractModule(text, uri);
-        const doc::DocEntry* entry = doc::findEntryByName(module, word);
-        if (entry == nullptr) return JsonValue();
+        // The declaration that a lookup over the extracted module would find,
+        // read without building the entries of every other declaration.
+        const std::optional<doc::DocEntry> entry = doc::lookupDeclaration(text, uri, word);
+        if (!entry) return JsonValue();
         hover.contents = declarationMarkdown(*entry);
     }
     return hover.toJson();
