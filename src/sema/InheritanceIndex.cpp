@@ -21,6 +21,7 @@ void InheritanceIndex::stop() {
     baseNames.clear();
     fieldOwners.clear();
     methodOwners.clear();
+    foundFields.clear();
 }
 
 void InheritanceIndex::track(const ClassType& cls) {
@@ -90,7 +91,16 @@ bool InheritanceIndex::chainHasField(const ClassType& start, const std::string& 
     track(start);
     if (owns(start)) return true;
     if (fieldOwners.find(fieldName) == fieldOwners.end()) return false;
-    return findOnChain(start.superclass.get(), owns) != nullptr;
+    // A class below one whose chain is known to have the field has it too:
+    // the walk stops there instead of going on to the owner.
+    auto ownsOrFound = [this, &fieldName, &owns](const ClassType& cls) {
+        if (owns(cls)) return true;
+        auto found = foundFields.find(&cls);
+        return found != foundFields.end() && found->second.count(fieldName) != 0;
+    };
+    if (findOnChain(start.superclass.get(), ownsOrFound) == nullptr) return false;
+    foundFields[&start].insert(fieldName);
+    return true;
 }
 
 bool InheritanceIndex::chainHasMethod(const ClassType* start, const std::string& methodName,
@@ -113,7 +123,11 @@ void InheritanceIndex::link(ClassType& derived, const std::shared_ptr<ClassType>
     if (active) {
         track(derived);
         if (base) track(*base);
-        if (derived.superclass) countSubclass(*derived.superclass, false);
+        if (derived.superclass) {
+            countSubclass(*derived.superclass, false);
+            // Everything below `derived` loses the classes above it.
+            foundFields.clear();
+        }
         if (base) countSubclass(*base, true);
     }
     derived.setSuperclass(base);

@@ -60,6 +60,9 @@ private:
     // Own fields and methods of the tracked classes, by name.
     std::unordered_map<std::string, std::size_t> fieldOwners;
     std::unordered_map<std::string, std::size_t> methodOwners;
+    // Fields already found on the chain of a class. Fields are never taken
+    // away, so an entry holds until a class loses a superclass it had.
+    std::unordered_map<const ClassType*, std::unordered_set<std::string>> foundFields;
 };
 
 }  // namespace quor::sema
