@@ -43,10 +43,12 @@ TEST(DocBinary, HelpListsTheDocCommand) {
     EXPECT_NE(help.out.find("\n  doc INPUT [OUTDIR]"), std::string::npos) << help.out;
 }
 
-TEST(DocBinary, ExamplesBecomeOnePagePairPerModuleAndAnIndex) {
-    ScratchDirectory scratch("bin_examples");
+TEST(DocBinary, DirectoryBecomesOnePagePairPerModuleAndAnIndex) {
+    ScratchDirectory scratch("bin_tree");
+    scratch.write("in/shapes.quor", "/// Geometry helpers.\nmodule shapes;\n\nfn area(): float { return 1.0; }\n");
+    scratch.write("in/more/collections.quor", "/// Small collection utilities.\nmodule collections;\n");
     const std::string outDir = scratch.path("site");
-    ToolRun run = runTool(scratch, "doc " + quoted(QUOR_EXAMPLES_DIR) + " " + quoted(outDir));
+    ToolRun run = runTool(scratch, "doc " + quoted(scratch.path("in")) + " " + quoted(outDir));
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out, "Successfully generated documentation for 2 module(s) in " + outDir + "\n");
     EXPECT_EQ(run.err, "");
@@ -59,7 +61,22 @@ TEST(DocBinary, ExamplesBecomeOnePagePairPerModuleAndAnIndex) {
               "### [`collections`](collections.md)\n\n"
               "Small collection utilities.\n\n"
               "### [`shapes`](shapes.md)\n\n"
-              "Geometry helpers used in the tour of the editor features.\n\n");
+              "Geometry helpers.\n\n");
+}
+
+TEST(DocBinary, ExamplesAreDocumentedWithAnIndex) {
+    ScratchDirectory scratch("bin_examples");
+    const std::string outDir = scratch.path("site");
+    ToolRun run = runTool(scratch, "doc " + quoted(QUOR_EXAMPLES_DIR) + " " + quoted(outDir));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out.rfind("Successfully generated documentation for ", 0), 0u) << run.out;
+    const std::string tail = " module(s) in " + outDir + "\n";
+    EXPECT_TRUE(run.out.size() > tail.size() && run.out.compare(run.out.size() - tail.size(), tail.size(), tail) == 0)
+        << run.out;
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(fs::is_regular_file(fs::path(outDir) / "index.md"));
+    EXPECT_TRUE(fs::is_regular_file(fs::path(outDir) / "index.html"));
+    EXPECT_NE(readWhole(fs::path(outDir) / "index.md").find("### [`shapes`](shapes.md)\n\n"), std::string::npos);
 }
 
 TEST(DocBinary, InvalidInputWritesOnlyTheErrorLineAndExitsOne) {
