@@ -1,44 +1,56 @@
 #!/usr/bin/env bash
-# Builds quorls and plays a short editor session against it: open an example,
-# hover, jump to a definition, complete, rename, type an error, format, shut down.
-# Each answer of the server is printed as one line of JSON (long ones cut).
+# A first look at quorls and quor: builds both, checks and documents the
+# examples with quor, then plays a short editor session against the server
+# and prints what the editor would show.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/ensure-packages.sh
 
 build=build/demo
+echo "Building quor and quorls in $build (the first build takes a few minutes) ..."
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target quorls >/dev/null
+cmake --build "$build" --target quor quorls quor_demo >/dev/null
+quor="$build/quor"
+scratch=$(mktemp -d "${TMPDIR:-/tmp}/quor-demo.XXXXXX")
+trap 'rm -rf "$scratch"' EXIT
 
-example=examples/shapes.quor
-uri="file:///demo/shapes.quor"
+colour=--color=never
+[ -t 1 ] && colour=--color=always
 
-# JSON string body of a file or text: backslashes, quotes, tabs and line ends escaped.
-json_text() { sed -e 's/\\/\\\\/g' -e 's/"/\\"/g' -e 's/\t/\\t/g' | awk '{ printf "%s\\n", $0 }'; }
-frame() { printf 'Content-Length: %d\r\n\r\n%s' "$(printf '%s' "$1" | wc -c)" "$1"; }
-position() { printf '"textDocument":{"uri":"%s"},"position":{"line":%d,"character":%d}' "$uri" "$1" "$2"; }
-
-call_line=$(( $(grep -n 'assert(add' "$example" | cut -d: -f1) - 1 ))
-text=$(json_text < "$example")
-broken=$(printf 'fn main() {\n    let s = "unterminated;\n}\n' | json_text)
-syntax=$(printf 'fn main() {\n    let x = ;\n}\n' | json_text)
-messy=$(printf 'fn twice(x:int):int{return x*2;}\nclass Point{int x;int y;}\n' | json_text)
-
-session() {
-  frame '{"jsonrpc":"2.0","id":1,"method":"initialize","params":{"capabilities":{}}}'
-  frame '{"jsonrpc":"2.0","method":"initialized","params":{}}'
-  frame "{\"jsonrpc\":\"2.0\",\"method\":\"textDocument/didOpen\",\"params\":{\"textDocument\":{\"uri\":\"$uri\",\"languageId\":\"quor\",\"version\":1,\"text\":\"$text\"}}}"
-  frame "{\"jsonrpc\":\"2.0\",\"id\":2,\"method\":\"textDocument/hover\",\"params\":{$(position "$call_line" 12)}}"
-  frame "{\"jsonrpc\":\"2.0\",\"id\":3,\"method\":\"textDocument/definition\",\"params\":{$(position "$call_line" 12)}}"
-  frame "{\"jsonrpc\":\"2.0\",\"id\":4,\"method\":\"textDocument/completion\",\"params\":{$(position 0 0)}}"
-  frame "{\"jsonrpc\":\"2.0\",\"id\":5,\"method\":\"textDocument/rename\",\"params\":{$(position "$call_line" 12),\"newName\":\"plus\"}}"
-  frame "{\"jsonrpc\":\"2.0\",\"method\":\"textDocument/didChange\",\"params\":{\"textDocument\":{\"uri\":\"$uri\",\"version\":2},\"contentChanges\":[{\"text\":\"$broken\"}]}}"
-  frame "{\"jsonrpc\":\"2.0\",\"method\":\"textDocument/didChange\",\"params\":{\"textDocument\":{\"uri\":\"$uri\",\"version\":3},\"contentChanges\":[{\"text\":\"$syntax\"}]}}"
-  frame "{\"jsonrpc\":\"2.0\",\"method\":\"textDocument/didChange\",\"params\":{\"textDocument\":{\"uri\":\"$uri\",\"version\":4},\"contentChanges\":[{\"text\":\"$messy\"}]}}"
-  frame "{\"jsonrpc\":\"2.0\",\"id\":6,\"method\":\"textDocument/formatting\",\"params\":{\"textDocument\":{\"uri\":\"$uri\"},\"options\":{\"tabSize\":4,\"insertSpaces\":true}}}"
-  frame '{"jsonrpc":"2.0","id":7,"method":"shutdown"}'
+section() { printf '\n== %s\n' "$*"; }
+# Prints the command, then the first $1 lines of what it writes (both
+# streams), a marker for what was left out, and its last line.
+clipped() {
+  local keep=$1; shift
+  printf '$ %s\n' "$*"
+  local output
+  output=$("$@" 2>&1) || true
+  local total
+  total=$(printf '%s\n' "$output" | wc -l)
+  if [ "$total" -le $((keep + 1)) ]; then
+    printf '%s\n' "$output"
+  else
+    printf '%s\n' "$output" | head -n "$keep"
+    printf '   ... (%d more lines)\n' $((total - keep - 1))
+    printf '%s\n' "$output" | tail -n 1
+  fi
 }
 
-echo "quorls session on $example (server answers, one per line):"
-session | "$build/quorls" | sed 's/Content-Length: [0-9]*/\n/g' | tr -d '\r' | grep -v '^$' |
-  awk '{ if (length($0) > 400) print substr($0, 1, 400) " ..."; else print }'
+section "quor check: the example programs are clean"
+clipped 5 "$quor" check "$colour" examples/*.quor
+
+section "quor check on the whole folder: examples/mistakes/ holds programs with deliberate errors"
+clipped 9 "$quor" check "$colour" examples
+
+section "The same errors for programs: JSON lines (or --format github for CI annotations)"
+clipped 2 "$quor" check --format json examples/mistakes
+
+section "quor doc: Markdown and HTML pages for every module of the examples"
+clipped 3 "$quor" doc examples "$scratch/docs"
+if [ -d "$scratch/docs" ]; then
+  (cd "$scratch/docs" && find . -type f -name '*.html' | sort | sed 's|^\./||' | tr '\n' ' ' | fold -s -w 100 | sed 's/^/    /')
+  echo
+fi
+
+section "An editor session with the language server (quorls over stdin/stdout)"
+"$build/tools/quor_demo" "$build/quorls" examples/shapes.quor
