@@ -120,12 +120,14 @@ std::string JsonValue::parseString(const std::string& text, std::size_t& pos) {
     ++pos;  // opening quote
     std::string result;
     while (pos < text.size()) {
+        // Plain bytes up to the next quote or backslash go over as one run.
+        std::size_t special = pos;
+        while (special < text.size() && text[special] != '"' && text[special] != '\\') ++special;
+        result.append(text, pos, special - pos);
+        pos = special;
+        if (pos >= text.size()) break;
         char c = text[pos++];
         if (c == '"') break;
-        if (c != '\\') {
-            result += c;
-            continue;
-        }
         if (pos >= text.size()) {
             result += '\\';  // a backslash as the last byte stays
             break;

@@ -1,6 +1,8 @@
 // Compact JSON writer: sorted keys, integers without a fraction.
+#include <charconv>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -10,7 +12,11 @@ namespace quor::lsp {
 
 namespace {
 
-void writeNumber(std::ostringstream& out, double value) {
+// The text is built in one string: each byte is appended directly, and runs
+// of bytes that need no escape are appended as a whole, rather than going
+// through a stream's formatting one character at a time.
+
+void writeNumber(std::string& out, double value) {
     // A double that survives a round trip through a 64-bit integer is written
     // as that integer; everything else, beyond-range values included, in the
     // stream's default format.
@@ -19,11 +25,15 @@ void writeNumber(std::ostringstream& out, double value) {
     if (value >= lowest && value < beyondHighest) {
         auto integer = static_cast<std::int64_t>(value);
         if (static_cast<double>(integer) == value) {
-            out << integer;
+            char digits[24];
+            auto written = std::to_chars(std::begin(digits), std::end(digits), integer);
+            out.append(digits, written.ptr);
             return;
         }
     }
-    out << value;
+    std::ostringstream formatted;
+    formatted << value;
+    out.append(formatted.str());
 }
 
 const char* namedEscape(unsigned char byte) {
@@ -39,53 +49,62 @@ const char* namedEscape(unsigned char byte) {
     }
 }
 
-void writeString(std::ostringstream& out, const std::string& text) {
-    out << '"';
-    for (char c : text) {
-        auto byte = static_cast<unsigned char>(c);
+bool needsEscape(unsigned char byte) { return byte < 0x20 || byte == '"' || byte == '\\'; }
+
+void writeString(std::string& out, const std::string& text) {
+    out.push_back('"');
+    const char* run = text.data();
+    const char* const end = text.data() + text.size();
+    for (const char* at = run; at != end; ++at) {
+        auto byte = static_cast<unsigned char>(*at);
+        if (!needsEscape(byte)) continue;
+        out.append(run, at);
+        run = at + 1;
         if (const char* escape = namedEscape(byte)) {
-            out << escape;
-        } else if (byte < 0x20) {
+            out.append(escape);
+        } else {
             char buffer[8];
             std::snprintf(buffer, sizeof buffer, "\\u%04x", static_cast<unsigned>(byte));
-            out << buffer;
-        } else {
-            out << c;
+            out.append(buffer);
         }
     }
-    out << '"';
+    out.append(run, end);
+    out.push_back('"');
 }
 
-// Writes `value` and everything below it into the one stream, so that a
+// Writes `value` and everything below it into the one string, so that a
 // deeply nested value costs time in proportion to its size.
-void writeValue(std::ostringstream& out, const JsonValue& value) {
+void writeValue(std::string& out, const JsonValue& value) {
     using Type = JsonValue::Type;
     switch (value.type) {
-        case Type::Null: out << "null"; break;
-        case Type::Bool: out << (value.boolValue ? "true" : "false"); break;
+        case Type::Null: out.append("null"); break;
+        case Type::Bool: out.append(value.boolValue ? "true" : "false"); break;
         case Type::Number: writeNumber(out, value.numberValue); break;
         case Type::String: writeString(out, value.stringValue); break;
         case Type::Array: {
-            out << '[';
-            const char* separator = "";
+            out.push_back('[');
+            bool first = true;
             for (const JsonValue& element : value.arrayValue) {
-                out << separator;
+                if (!first) out.push_back(',');
                 writeValue(out, element);
-                separator = ",";
+                first = false;
             }
-            out << ']';
+            out.push_back(']');
             break;
         }
         case Type::Object: {
-            out << '{';
-            const char* separator = "";
+            out.push_back('{');
+            bool first = true;
             for (const auto& [key, member] : value.objectValue) {
                 // Keys go out raw, without escaping.
-                out << separator << '"' << key << "\":";
+                if (!first) out.push_back(',');
+                out.push_back('"');
+                out.append(key);
+                out.append("\":");
                 writeValue(out, member);
-                separator = ",";
+                first = false;
             }
-            out << '}';
+            out.push_back('}');
             break;
         }
     }
@@ -94,9 +113,9 @@ void writeValue(std::ostringstream& out, const JsonValue& value) {
 }  // namespace
 
 std::string JsonValue::serialize() const {
-    std::ostringstream out;
+    std::string out;
     writeValue(out, *this);
-    return out.str();
+    return out;
 }
 
 }  // namespace quor::lsp
