@@ -37,7 +37,9 @@ JsonValue LspServer::handleRename(const JsonValue&, const JsonValue& params) {
     lexer::Lexer scanner(text, uri, &engine);
     scanner.preserveComments = false;
     JsonValue edits = JsonValue::makeArray();
-    for (const lexer::Token& token : scanner.tokenizeAll()) {
+    // Tokens are looked at one by one as they are scanned; none is kept.
+    for (lexer::Token token = scanner.nextToken(); token.type != lexer::TokenType::EndOfFile;
+         token = scanner.nextToken()) {
         if (token.type == lexer::TokenType::Identifier && token.lexeme == word) {
             edits.push(renameEdit(token, word.size(), newName).toJson());
         }
