@@ -3,6 +3,7 @@
 // each read by one loop.
 #include "sema/BuiltinMethods.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace quor::sema {

@@ -1,6 +1,7 @@
 // Collection literals, lambdas, assignment and object creation. None of these
 // takes an expected type from its surroundings: each is typed from its own
 // contents.
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -88,6 +89,47 @@ TypePtr narrowLiteral(const TypePtr& target, const TypePtr& value, const ast::Ex
     return value;
 }
 
+// Defines each named parameter in the lambda's scope and gives the parameter
+// types in order; a type name that names nothing is int, silently.
+std::vector<TypePtr> defineLambdaParameters(TypeChecker& checker, const ast::LambdaExpr& node) {
+    std::vector<TypePtr> paramTypes;
+    paramTypes.reserve(node.params.size());
+    for (const auto& param : node.params) {
+        TypePtr type = checker.types.resolveType(param.type);
+        if (!type) type = checker.types.intType;
+        paramTypes.push_back(type);
+        if (!param.name.empty()) {
+            checker.symbols.define(std::make_shared<VariableSymbol>(param.name, type, node.location, false, true));
+        }
+    }
+    return paramTypes;
+}
+
+// Checks the body and gives the lambda's return type. A return annotation
+// that resolves (`unknown` when none is written, as always from the parser)
+// stands whatever the body is; the returns of a block body may settle the
+// return slot, which the caller drops. Only an annotation that names nothing
+// lets the body decide.
+TypePtr checkLambdaBody(TypeChecker& checker, const ast::LambdaExpr& node) {
+    const ast::ASTNode* body = node.body.get();
+    bool blockBody = body && body->nodeKind == ast::NodeKind::BlockStmt;
+    const auto* exprBody = blockBody ? nullptr : dynamic_cast<const ast::ExpressionNode*>(body);
+
+    if (TypePtr annotated = checker.types.resolveType(node.returnType)) {
+        checker.currentReturnType = annotated;
+        if (exprBody) checker.checkExpr(*exprBody);
+        if (blockBody) body->accept(checker);
+        return annotated;
+    }
+    if (exprBody) return checker.checkExpr(*exprBody);
+    if (!blockBody) return checker.types.intType;
+    checker.currentReturnType = checker.types.unknownType;
+    body->accept(checker);
+    TypePtr found = checker.currentReturnType;
+    bool unsettled = !found || found->kind == TypeKind::Any || found->kind == TypeKind::Unknown;
+    return unsettled ? checker.types.intType : found;
+}
+
 }  // namespace
 
 void TypeChecker::visit(const ast::ArrayExpr& node) {
@@ -116,41 +158,12 @@ void TypeChecker::visit(const ast::MapExpr& node) {
 }
 
 void TypeChecker::visit(const ast::LambdaExpr& node) {
+    // The lambda's scope nests in the current one: the body sees the
+    // enclosing locals, parameters, `this` and fields directly.
     symbols.enterScope(ScopeKind::Function);
-    std::vector<TypePtr> paramTypes;
-    paramTypes.reserve(node.params.size());
-    for (const auto& param : node.params) {
-        TypePtr type = types.resolveType(param.type);
-        if (!type) type = types.intType;  // a type name that names nothing, silently
-        paramTypes.push_back(type);
-        if (!param.name.empty()) {
-            symbols.define(std::make_shared<VariableSymbol>(param.name, type, node.location, false, true));
-        }
-    }
-
-    const ast::ASTNode* body = node.body.get();
-    bool blockBody = body && body->nodeKind == ast::NodeKind::BlockStmt;
-    const auto* exprBody = blockBody ? nullptr : dynamic_cast<const ast::ExpressionNode*>(body);
-
-    TypePtr returnType = types.resolveType(node.returnType);
+    std::vector<TypePtr> paramTypes = defineLambdaParameters(*this, node);
     TypePtr savedReturn = currentReturnType;
-    if (returnType) {
-        // The annotation stands, `unknown` when none was written: a body's
-        // type does not reach the function type.
-        currentReturnType = returnType;
-        if (exprBody) checkExpr(*exprBody);
-        if (blockBody) body->accept(*this);
-    } else if (exprBody) {
-        returnType = checkExpr(*exprBody);
-    } else if (blockBody) {
-        currentReturnType = types.unknownType;
-        body->accept(*this);
-        TypePtr found = currentReturnType;
-        bool unsettled = !found || found->kind == TypeKind::Any || found->kind == TypeKind::Unknown;
-        returnType = unsettled ? types.intType : found;
-    } else {
-        returnType = types.intType;
-    }
+    TypePtr returnType = checkLambdaBody(*this, node);
     currentReturnType = savedReturn;
     symbols.exitScope();
 
