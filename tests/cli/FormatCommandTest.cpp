@@ -97,6 +97,17 @@ TEST(FormatCommand, RefusesAFileWhoseTokensFormattingWouldChange) {
     EXPECT_EQ(readBack(path), WITH_STRING);
 }
 
+TEST(FormatCommand, RefusesAFileWhereFormattingWouldJoinTwoWords) {
+    TempDir dir;
+    std::string path = dir.write("joined.quor", "class Foo extends Bar {}\n");
+    CommandRun result = run(runFormat, {path});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "quor: " + path +
+                              ":1:7: Identifier 'Foo' would become Identifier 'Fooextends'; formatting would change "
+                              "the program, so the file is left as it is\n");
+    EXPECT_EQ(readBack(path), "class Foo extends Bar {}\n");
+}
+
 TEST(FormatCommand, ARefusedFileDoesNotStopTheOthers) {
     TempDir dir;
     dir.write("a.quor", WITH_STRING);
