@@ -1,4 +1,5 @@
 // quor check: the front end over whole trees of sources, as a CI job runs it.
+#include <sched.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -37,8 +38,14 @@ FileCheck checkFile(const std::string& path) {
     return result;
 }
 
+// One worker per core this process may run on (a container or `taskset`
+// may allow fewer than the machine has), unless -j said otherwise.
 unsigned workerCount(const CheckOptions& options) {
     if (options.jobs != 0) return options.jobs;
+    cpu_set_t allowed;
+    if (sched_getaffinity(0, sizeof allowed, &allowed) == 0 && CPU_COUNT(&allowed) > 0) {
+        return static_cast<unsigned>(CPU_COUNT(&allowed));
+    }
     return std::max(std::thread::hardware_concurrency(), 1u);
 }
 
