@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <sstream>
 #include <thread>
 
 #include "cli/CheckOptions.h"
@@ -99,9 +100,15 @@ int runCheck(const Arguments& args, std::ostream& out, std::ostream& err) {
             tally.count(static_cast<std::size_t>(std::count_if(
                 done.diagnostics.begin(), done.diagnostics.end(),
                 [](const diagnostics::Diagnostic& d) { return d.severity == diagnostics::DiagnosticSeverity::Error; })));
+            // One write per file and stream: standard error flushes after
+            // every insertion, which a tree with many errors would feel.
+            std::ostringstream fileOut;
+            std::ostringstream fileErr;
             for (const diagnostics::Diagnostic& diagnostic : done.diagnostics) {
-                writeDiagnostic(diagnostic, options.format, colour, out, err);
+                writeDiagnostic(diagnostic, options.format, colour, fileOut, fileErr);
             }
+            out << fileOut.str();
+            err << fileErr.str();
         });
     if (options.format == ReportFormat::Text) err << summaryLine(tally) << "\n";
     return tally.exitStatus();
