@@ -109,6 +109,7 @@ std::string TypeContext::substituteType(const std::string& text, const std::vect
 
 TypePtr TypeContext::specializeClassType(const std::shared_ptr<ClassType>& base,
                                          const std::vector<std::string>& args) {
+    if (!base) return nullptr;
     const std::string key = base->name + "<" + joinArgs(args) + ">";
     if (auto existing = findUserType(key); existing && existing->kind == TypeKind::Class) return existing;
 

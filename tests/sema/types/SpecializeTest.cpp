@@ -37,6 +37,12 @@ TEST(Specialize, WithoutArgumentsTheKeyEndsInEmptyBrackets) {
     EXPECT_EQ(asClass(types.specializeClassType(box, {}))->name, "Box<>");
 }
 
+TEST(Specialize, AMissingBaseNamesNothing) {
+    TypeContext types;
+    EXPECT_EQ(types.specializeClassType(nullptr, {"int"}), nullptr);
+    EXPECT_EQ(types.userTypes.size(), 10u);
+}
+
 TEST(Specialize, ASecondRequestReturnsTheSameClass) {
     TypeContext types;
     auto box = types.createClassType("Box");
