@@ -31,4 +31,23 @@ inline std::vector<const ClassType*> classChain(const ClassType& start) {
     return chain;
 }
 
+// Whether `test` holds for some class of the chain from `start` up, nearest
+// first. The usual short chain is walked in place; a long or circular one
+// goes through classChain, which may test the first classes again. That is
+// harmless, since a test that failed once fails again.
+template <typename Test>
+bool anyInClassChain(const ClassType& start, Test test) {
+    constexpr std::size_t IN_PLACE_STEPS = 32;
+    const ClassType* current = &start;
+    for (std::size_t steps = 0; current != nullptr && steps < IN_PLACE_STEPS; ++steps) {
+        if (test(*current)) return true;
+        current = current->superclass.get();
+    }
+    if (current == nullptr) return false;
+    for (const ClassType* cls : classChain(start)) {
+        if (test(*cls)) return true;
+    }
+    return false;
+}
+
 }  // namespace quor::sema

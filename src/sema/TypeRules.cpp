@@ -139,13 +139,14 @@ bool Type::isSubtypeOf(const Type& target) const {
 // subtype of, and of what one of its interfaces is a subtype of. Walking
 // the chain in a loop answers the same as asking the superclass in turn.
 bool ClassType::isSubtypeOf(const Type& target) const {
-    for (const ClassType* cls : classChain(*this)) {
-        if (cls->equals(target)) return true;
-        for (const auto& iface : cls->interfaces) {
+    const bool inChain = anyInClassChain(*this, [&](const ClassType& cls) {
+        if (cls.equals(target)) return true;
+        for (const auto& iface : cls.interfaces) {
             if (iface && iface->isSubtypeOf(target)) return true;
         }
-    }
-    return Type::isSubtypeOf(target);
+        return false;
+    });
+    return inChain || Type::isSubtypeOf(target);
 }
 
 bool InterfaceType::isSubtypeOf(const Type& target) const {

@@ -51,11 +51,14 @@ std::string FunctionType::toString() const {
 }
 
 std::optional<MemberField> ClassType::findField(const std::string& fieldName) const {
-    for (const ClassType* cls : classChain(*this)) {
-        auto found = cls->fields.find(fieldName);
-        if (found != cls->fields.end()) return found->second;
-    }
-    return std::nullopt;
+    std::optional<MemberField> result;
+    anyInClassChain(*this, [&](const ClassType& cls) {
+        auto found = cls.fields.find(fieldName);
+        if (found == cls.fields.end()) return false;
+        result = found->second;
+        return true;
+    });
+    return result;
 }
 
 namespace {
