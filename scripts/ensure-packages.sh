@@ -14,6 +14,8 @@ packages=(
   libbenchmark-dev
   chromium
   nodejs
+  neovim
+  unzip
 )
 # The browser test of the documentation pages runs npm. Some Node.js builds
 # ship npm inside their nodejs package, and Debian's own npm would clash.
