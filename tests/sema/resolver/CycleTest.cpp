@@ -125,10 +125,20 @@ std::string reverseChain(int count) {
     return source + "class C0 {}\n";
 }
 
+// Resolution of the long chains must stay well under a second; builds with
+// sanitizers or without optimisation run several times slower and get more.
+#if defined(__SANITIZE_ADDRESS__) || !defined(NDEBUG)
+constexpr double RESOLVE_SECONDS_LIMIT = 5.0;
+#else
+constexpr double RESOLVE_SECONDS_LIMIT = 1.0;
+#endif
+
 double secondsToResolve(Analysis& analysis) {
     const auto started = std::chrono::steady_clock::now();
     analysis.resolve();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+    ::testing::Test::RecordProperty("resolve_seconds", std::to_string(seconds));
+    return seconds;
 }
 
 void expectChain(Analysis& a, int count) {
@@ -141,14 +151,14 @@ void expectChain(Analysis& a, int count) {
 
 TEST(ResolverCycles, AChainOfTenThousandClassesIsLinkedQuickly) {
     Analysis a(forwardChain(10000, ""));
-    EXPECT_LT(secondsToResolve(a), 1.0);
+    EXPECT_LT(secondsToResolve(a), RESOLVE_SECONDS_LIMIT);
     EXPECT_TRUE(a.records().empty());
     expectChain(a, 10000);
 }
 
 TEST(ResolverCycles, AChainOfTenThousandClassesDeclaredBaseLastIsLinkedQuickly) {
     Analysis a(reverseChain(10000));
-    EXPECT_LT(secondsToResolve(a), 1.0);
+    EXPECT_LT(secondsToResolve(a), RESOLVE_SECONDS_LIMIT);
     EXPECT_TRUE(a.records().empty());
     expectChain(a, 10000);
 }
@@ -160,7 +170,7 @@ TEST(ResolverCycles, AChainOfTenThousandClassesWithFieldsAndOverridesIsResolvedQ
         source += "class C" + n + " extends C" + std::to_string(i - 1) + " { int f" + n + "; override fn show() {} }\n";
     }
     Analysis a(source);
-    EXPECT_LT(secondsToResolve(a), 1.0);
+    EXPECT_LT(secondsToResolve(a), RESOLVE_SECONDS_LIMIT);
     EXPECT_TRUE(a.records().empty());
     expectChain(a, 10000);
     EXPECT_TRUE(classNamed(a, "C9999")->findField("f0").has_value());
@@ -168,7 +178,7 @@ TEST(ResolverCycles, AChainOfTenThousandClassesWithFieldsAndOverridesIsResolvedQ
 
 TEST(ResolverCycles, AChainOfTenThousandClassesRepeatingTheFirstClassesFieldIsResolvedQuickly) {
     Analysis a(forwardChain(10000, " int value; "));
-    EXPECT_LT(secondsToResolve(a), 1.0);
+    EXPECT_LT(secondsToResolve(a), RESOLVE_SECONDS_LIMIT);
     const auto records = a.records();
     ASSERT_EQ(records.size(), 9999u);
     EXPECT_EQ(records.front(), "E1004|Duplicate field 'value' in class 'C1'||2:27");
