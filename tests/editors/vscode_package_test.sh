@@ -30,5 +30,22 @@ check "the package holds no tests" bash -c '! grep -q "^extension/test/" <<<"$1"
 check "the package holds no build tools" bash -c '! grep -qE "node_modules/(@vscode/vsce|vscode-tmgrammar-test)/" <<<"$1"' _ "$listing"
 check "the packaged manifest is the extension's own" \
   cmp -s package.json <(unzip -p "$vsix" extension/package.json)
+
+# The packed extension must load from the .vsix alone: its client module and
+# everything that requires, with the editor API (which VS Code provides) faked
+# by a stand-in whose every member is an empty class.
+unpacked=$(mktemp -d)
+unzip -q "$vsix" -d "$unpacked"
+check "the packed extension and its language client load from the package alone" node -e '
+  const Module = require("module");
+  const load = Module._load;
+  const anything = () => new Proxy(class {}, { get: (target, key) => (key in target ? target[key] : anything()) });
+  const vscode = new Proxy({}, { get: (target, key) => (key === "__esModule" ? false : anything()) });
+  Module._load = function (request, ...rest) { return request === "vscode" ? vscode : load.call(this, request, ...rest); };
+  const root = process.argv[1] + "/extension/";
+  if (typeof require(root + "node_modules/vscode-languageclient/node").LanguageClient !== "function") process.exit(1);
+  if (typeof require(root + "extension.js").activate !== "function") process.exit(1);
+' "$unpacked"
+rm -rf "$unpacked"
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]
