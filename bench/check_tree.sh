@@ -13,8 +13,12 @@ lines=${2:-1000}
 
 scripts/ensure-packages.sh
 build=build/bench-check
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target quor >/dev/null
+mkdir -p "$build"
+if ! { cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=OFF &&
+       cmake --build "$build" --target quor; } >"$build/bench-build.log" 2>&1; then
+  tail -n 30 "$build/bench-build.log"
+  exit 1
+fi
 quor="$build/quor"
 
 tree=$(mktemp -d "${TMPDIR:-/tmp}/quor-check-tree.XXXXXX")

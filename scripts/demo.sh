@@ -8,8 +8,14 @@ scripts/ensure-packages.sh
 
 build=build/demo
 echo "Building quor and quorls in $build (the first build takes a few minutes) ..."
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target quor quorls quor_demo >/dev/null
+mkdir -p "$build"
+log="$build/demo-build.log"
+if ! { cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUOR_BUILD_TESTS=OFF &&
+       cmake --build "$build" --target quor quorls quor_demo; } >"$log" 2>&1; then
+  tail -n 30 "$log"
+  echo "The build failed; the whole log is in $log." >&2
+  exit 1
+fi
 quor="$build/quor"
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/quor-demo.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
