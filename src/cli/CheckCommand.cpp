@@ -72,6 +72,32 @@ void writeDiagnostic(const diagnostics::Diagnostic& diagnostic, ReportFormat for
     }
 }
 
+std::size_t errorsIn(const std::vector<diagnostics::Diagnostic>& found) {
+    return static_cast<std::size_t>(std::count_if(found.begin(), found.end(), [](const diagnostics::Diagnostic& d) {
+        return d.severity == diagnostics::DiagnosticSeverity::Error;
+    }));
+}
+
+// Prints what checking one file found and counts it. Each stream gets one
+// write per file: standard error flushes after every insertion, which a
+// tree with many errors would feel.
+void reportFile(const std::string& path, const FileCheck& done, const CheckOptions& options, bool colour,
+                CheckTally& tally, std::ostream& out, std::ostream& err) {
+    if (!done.readable) {
+        err << "quor: cannot read '" << path << "'\n";
+        ++tally.unreadable;
+        return;
+    }
+    tally.count(errorsIn(done.diagnostics));
+    std::ostringstream fileOut;
+    std::ostringstream fileErr;
+    for (const diagnostics::Diagnostic& diagnostic : done.diagnostics) {
+        writeDiagnostic(diagnostic, options.format, colour, fileOut, fileErr);
+    }
+    out << fileOut.str();
+    err << fileErr.str();
+}
+
 }  // namespace
 
 int runCheck(const Arguments& args, std::ostream& out, std::ostream& err) {
@@ -88,28 +114,12 @@ int runCheck(const Arguments& args, std::ostream& out, std::ostream& err) {
     std::vector<FileCheck> checks(sources.files.size());
     CheckTally tally;
     tally.unreadable = sources.problems.size();
-    runOrdered(
-        sources.files.size(), workerCount(options), [&](std::size_t i) { checks[i] = checkFile(sources.files[i]); },
-        [&](std::size_t i) {
-            FileCheck done = std::move(checks[i]);
-            if (!done.readable) {
-                err << "quor: cannot read '" << sources.files[i] << "'\n";
-                ++tally.unreadable;
-                return;
-            }
-            tally.count(static_cast<std::size_t>(std::count_if(
-                done.diagnostics.begin(), done.diagnostics.end(),
-                [](const diagnostics::Diagnostic& d) { return d.severity == diagnostics::DiagnosticSeverity::Error; })));
-            // One write per file and stream: standard error flushes after
-            // every insertion, which a tree with many errors would feel.
-            std::ostringstream fileOut;
-            std::ostringstream fileErr;
-            for (const diagnostics::Diagnostic& diagnostic : done.diagnostics) {
-                writeDiagnostic(diagnostic, options.format, colour, fileOut, fileErr);
-            }
-            out << fileOut.str();
-            err << fileErr.str();
-        });
+    auto work = [&](std::size_t i) { checks[i] = checkFile(sources.files[i]); };
+    auto deliver = [&](std::size_t i) {
+        FileCheck done = std::move(checks[i]);  // frees the file's records once printed
+        reportFile(sources.files[i], done, options, colour, tally, out, err);
+    };
+    runOrdered(sources.files.size(), workerCount(options), work, deliver);
     if (options.format == ReportFormat::Text) err << summaryLine(tally) << "\n";
     return tally.exitStatus();
 }

@@ -28,10 +28,14 @@ TEST(CheckOptions, DefaultsAreTextAutoColourAndOneWorkerPerCore) {
 }
 
 TEST(CheckOptions, ValuesMayFollowSeparatelyOrBehindAnEqualsSign) {
-    for (const quor::cli::Arguments& args : {quor::cli::Arguments{"--format", "github", "--color", "always", "-j", "3", "a"},
-                                             quor::cli::Arguments{"--format=github", "--color=always", "-j3", "a"},
-                                             quor::cli::Arguments{"a", "--jobs=3", "--format=github", "--color=always"},
-                                             quor::cli::Arguments{"--jobs", "3", "a", "--format=github", "--color=always"}}) {
+    using quor::cli::Arguments;
+    const Arguments forms[] = {
+        {"--format", "github", "--color", "always", "-j", "3", "a"},
+        {"--format=github", "--color=always", "-j3", "a"},
+        {"a", "--jobs=3", "--format=github", "--color=always"},
+        {"--jobs", "3", "a", "--format=github", "--color=always"},
+    };
+    for (const Arguments& args : forms) {
         CheckOptions options = parsed(args);
         EXPECT_EQ(options.format, ReportFormat::Github);
         EXPECT_EQ(options.colour, ColourChoice::Always);

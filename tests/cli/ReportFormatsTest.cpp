@@ -52,7 +52,8 @@ TEST(ReportFormats, PlainTextOfARecordWithoutCodeOrHint) {
 TEST(ReportFormats, PlainTextOfAWarningUsesItsWord) {
     Diagnostic warning = sample("E1001", "");
     warning.severity = DiagnosticSeverity::Warning;
-    EXPECT_EQ(render(quor::cli::writePlainText, warning), "warning[E1001]: Undefined variable 'x'\n  --> src/a.quor:4:9\n");
+    EXPECT_EQ(render(quor::cli::writePlainText, warning),
+              "warning[E1001]: Undefined variable 'x'\n  --> src/a.quor:4:9\n");
 }
 
 TEST(ReportFormats, JsonLineHoldsTheSixFieldsInOrder) {
