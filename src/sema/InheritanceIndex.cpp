@@ -103,8 +103,7 @@ bool InheritanceIndex::chainHasField(const ClassType& start, const std::string& 
     return true;
 }
 
-bool InheritanceIndex::chainHasMethod(const ClassType* start, const std::string& methodName,
-                                      const FunctionType& type) {
+bool InheritanceIndex::chainHasMethod(const ClassType* start, const std::string& methodName, const FunctionType& type) {
     if (start == nullptr) return false;
     auto owns = [&methodName, &type](const ClassType& cls) {
         for (const auto& method : cls.methods) {

@@ -57,9 +57,8 @@ void resolveBase(NameResolver& resolver, const ast::ClassDecl& decl, const std::
         classType->interfaces.push_back(std::move(interface));
         return;
     }
-    resolver.diagnostics.reportError(diagnostics::CODE_TYPE,
-                                     "Base type '" + decl.baseClass + "' is not a class or interface", decl.location,
-                                     "");
+    resolver.diagnostics.reportError(
+        diagnostics::CODE_TYPE, "Base type '" + decl.baseClass + "' is not a class or interface", decl.location, "");
 }
 
 void resolveImplementedInterface(NameResolver& resolver, const ast::ClassDecl& decl, ClassType& classType,
@@ -74,8 +73,8 @@ void resolveImplementedInterface(NameResolver& resolver, const ast::ClassDecl& d
         classType.interfaces.push_back(std::move(interface));
         return;
     }
-    resolver.diagnostics.reportError(diagnostics::CODE_TYPE, "Type '" + name + "' is not an interface",
-                                     decl.location, "");
+    resolver.diagnostics.reportError(diagnostics::CODE_TYPE, "Type '" + name + "' is not an interface", decl.location,
+                                     "");
 }
 
 // A method is refused when the class already has one of that name and an
@@ -103,9 +102,9 @@ void resolveClassMethod(NameResolver& resolver, const std::string& className, Cl
             "Method '" + member.name + "' marked override does not override any base class method", member.location,
             "");
     }
-    resolver.inheritance.addMethod(classType, MemberMethod{member.name, std::move(type),
-                                                           visibilityOrPublic(member.visibility), member.isStatic,
-                                                           member.isAbstract, member.isOverride});
+    resolver.inheritance.addMethod(
+        classType, MemberMethod{member.name, std::move(type), visibilityOrPublic(member.visibility), member.isStatic,
+                                member.isAbstract, member.isOverride});
 }
 
 void resolveClassField(NameResolver& resolver, const std::string& className, ClassType& classType,
@@ -117,9 +116,9 @@ void resolveClassField(NameResolver& resolver, const std::string& className, Cla
         return;
     }
     auto type = resolver.resolveTypeWithDiagnostic(member.typeName, member.location);
-    resolver.inheritance.addField(classType, MemberField{member.name, type ? std::move(type) : resolver.types.errorType,
-                                                         visibilityOrPublic(member.visibility), member.isStatic,
-                                                         member.isConst});
+    resolver.inheritance.addField(classType,
+                                  MemberField{member.name, type ? std::move(type) : resolver.types.errorType,
+                                              visibilityOrPublic(member.visibility), member.isStatic, member.isConst});
 }
 
 // The value of an enum variant written as an integer literal: the text read
@@ -136,9 +135,7 @@ const ast::LiteralExpr* integerLiteral(const ast::ExpressionNode* value) {
 
 // The value after `value`; past the largest value the count wraps round to
 // the smallest instead of overflowing.
-std::int64_t nextValue(std::int64_t value) {
-    return static_cast<std::int64_t>(static_cast<std::uint64_t>(value) + 1u);
-}
+std::int64_t nextValue(std::int64_t value) { return static_cast<std::int64_t>(static_cast<std::uint64_t>(value) + 1u); }
 
 }  // namespace
 
@@ -209,8 +206,8 @@ void NameResolver::resolveStructMembers(const ast::StructDecl& decl) {
         }
         auto type = resolveTypeWithDiagnostic(field->typeName, field->location);
         structType->fields.insert_or_assign(
-            field->name, MemberField{field->name, type ? std::move(type) : types.errorType, "public", false,
-                                     field->isConst});
+            field->name,
+            MemberField{field->name, type ? std::move(type) : types.errorType, "public", false, field->isConst});
     }
 }
 
@@ -239,10 +236,10 @@ bool NameResolver::checkCircularInheritance(const std::shared_ptr<ClassType>& cl
     if (!classType) return false;
     auto start = std::dynamic_pointer_cast<ClassType>(types.findUserType(baseName));
     if (!start || !inheritance.chainHasName(*start, classType->name)) return false;
-    diagnostics.reportError(diagnostics::CODE_DUPLICATE,
-                            "Circular inheritance detected: '" + classType->name + "' and '" + baseName +
-                                "' inherit from each other",
-                            location, "");
+    diagnostics.reportError(
+        diagnostics::CODE_DUPLICATE,
+        "Circular inheritance detected: '" + classType->name + "' and '" + baseName + "' inherit from each other",
+        location, "");
     return true;
 }
 

@@ -24,8 +24,8 @@ bool reportTakenName(NameResolver& resolver, std::string_view kindWord, const st
                      const SourceLocation& location) {
     if (!resolver.symbols.lookupCurrentScope(name)) return false;
     resolver.diagnostics.reportError(diagnostics::CODE_DUPLICATE,
-                                     "Duplicate declaration of " + std::string(kindWord) + " '" + name + "'",
-                                     location, "A symbol with name '" + name + "' is already declared in this scope");
+                                     "Duplicate declaration of " + std::string(kindWord) + " '" + name + "'", location,
+                                     "A symbol with name '" + name + "' is already declared in this scope");
     return true;
 }
 
@@ -116,9 +116,9 @@ void NameResolver::resolveEnumDeclPass1(const ast::EnumDecl& decl) {
 
 void NameResolver::resolveFunctionDeclPass1(const ast::FunctionDecl& decl) {
     currentTypeParams = decl.typeParams;
-    auto symbol = std::make_shared<FunctionSymbol>(decl.name, resolveSignature(*this, decl), decl.location,
-                                                   decl.visibility, decl.isStatic, false, decl.isAbstract,
-                                                   decl.isOverride);
+    auto symbol =
+        std::make_shared<FunctionSymbol>(decl.name, resolveSignature(*this, decl), decl.location, decl.visibility,
+                                         decl.isStatic, false, decl.isAbstract, decl.isOverride);
     symbol->typeParams = decl.typeParams;
     symbol->decl = &decl;
     if (!symbols.define(symbol)) {

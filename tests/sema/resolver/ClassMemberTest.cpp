@@ -54,7 +54,8 @@ TEST(ResolverClassMembers, AFieldWithoutATypeIsVoid) {
 }
 
 TEST(ResolverClassMembers, MemberTypesMayNameTypesDeclaredLater) {
-    auto a = resolved("class Node {\n  Tree owner;\n  fn walk(t: Tree) -> Leaf {}\n}\nclass Tree {}\nstruct Leaf { int v; }\n");
+    auto a = resolved(
+        "class Node {\n  Tree owner;\n  fn walk(t: Tree) -> Leaf {}\n}\nclass Tree {}\nstruct Leaf { int v; }\n");
     EXPECT_TRUE(a->records().empty());
     auto node = classNamed(*a, "Node");
     EXPECT_EQ(fieldType(node->fields, "owner"), "Tree");
@@ -162,7 +163,8 @@ TEST(ResolverClassMembers, AnOverrideFindsAMethodOfABaseFurtherUpTheChain) {
 }
 
 TEST(ResolverClassMembers, AnOverrideWithAnotherReturnTypeMatchesNothing) {
-    auto a = resolved("class A {\n  fn show() -> int {}\n}\nclass B extends A {\n  override fn show() -> string {}\n}\n");
+    auto a =
+        resolved("class A {\n  fn show() -> int {}\n}\nclass B extends A {\n  override fn show() -> string {}\n}\n");
     EXPECT_EQ(a->records(),
               (Records{"E1001|Method 'show' marked override does not override any base class method||5:12"}));
 }

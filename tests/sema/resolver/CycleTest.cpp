@@ -36,8 +36,9 @@ TEST(ResolverCycles, InACycleOfThreeOnlyTheClosingClassIsReportedAndUnlinked) {
 
 TEST(ResolverCycles, AReportedClassKeepsItsOtherMembers) {
     auto a = resolved("class A extends B {}\nclass B extends A {\n  int x;\n  override fn m() {}\n}\n");
-    EXPECT_EQ(a->records(), (Records{circular("B", "A", "2:1"),
-                                     "E1001|Method 'm' marked override does not override any base class method||4:12"}));
+    EXPECT_EQ(a->records(),
+              (Records{circular("B", "A", "2:1"),
+                       "E1001|Method 'm' marked override does not override any base class method||4:12"}));
     EXPECT_EQ(fieldType(classNamed(*a, "B")->fields, "x"), "int");
 }
 

@@ -49,7 +49,8 @@ TEST(ResolverDeclarations, TheSymbolKeepsTheWrittenVisibility) {
 
 TEST(ResolverDeclarations, ASecondClassOfOneNameIsReportedOnceAtTheSecond) {
     auto a = resolved("class A {}\nclass A {}\n");
-    EXPECT_EQ(a->records(), (Records{std::string("E1004|Duplicate declaration of class 'A'|") + SCOPE_HINT_A + "|2:1"}));
+    EXPECT_EQ(a->records(),
+              (Records{std::string("E1004|Duplicate declaration of class 'A'|") + SCOPE_HINT_A + "|2:1"}));
     EXPECT_EQ(classNamed(*a, "A")->decl, a->program->declarations[0].get());
 }
 

@@ -136,8 +136,7 @@ TEST(ResolverEnums, EnumsAreLiftedThroughNestedPlainBlocksInSourceOrder) {
 }
 
 TEST(ResolverEnums, EnumsInsideOtherStatementsAreNotLifted) {
-    auto a = resolved(
-        "fn f() {\n  if (true) { enum InIf { A } }\n  while (true) { enum InLoop { B } }\n}\n");
+    auto a = resolved("fn f() {\n  if (true) { enum InIf { A } }\n  while (true) { enum InLoop { B } }\n}\n");
     EXPECT_TRUE(a->records().empty());
     EXPECT_EQ(a->symbols().lookup("InIf"), nullptr);
     EXPECT_EQ(a->symbols().lookup("InLoop"), nullptr);
@@ -156,8 +155,9 @@ TEST(ResolverEnums, TheSameNestedEnumInTwoFunctionsIsADuplicateWhoseVariantsJoin
 
 TEST(ResolverEnums, ADuplicateEnumDeclarationFillsTheTypeFoundByName) {
     auto a = resolved("enum Level { A }\nenum Level { B }\n");
-    EXPECT_EQ(a->records(), (Records{"E1004|Duplicate declaration of enum 'Level'|A symbol with name 'Level' is already "
-                                     "declared in this scope|2:1"}));
+    EXPECT_EQ(a->records(),
+              (Records{"E1004|Duplicate declaration of enum 'Level'|A symbol with name 'Level' is already "
+                       "declared in this scope|2:1"}));
     auto e = userType<EnumType>(*a, "Level");
     EXPECT_EQ(e->variants, (std::vector<std::string>{"A", "B"}));
     EXPECT_EQ(valueOf(*e, "B"), 0);

@@ -33,8 +33,7 @@ TEST(ResolverFunctions, UndefinedTypesAreReportedAtTheFunctionInParameterOrderTh
     auto a = resolved("\n  fn f(a: A, b: int, c: C) -> R {}\n");
     EXPECT_EQ(a->records(), (Records{undefinedType("A", "2:3"), undefinedType("C", "2:3"), undefinedType("R", "2:3")}));
     // The error type stands for every name that did not resolve, the return type included.
-    EXPECT_EQ(functionNamed(*a, "f")->functionType->toString(),
-              "fn(<type-error>, int, <type-error>) -> <type-error>");
+    EXPECT_EQ(functionNamed(*a, "f")->functionType->toString(), "fn(<type-error>, int, <type-error>) -> <type-error>");
 }
 
 TEST(ResolverFunctions, ATypeFirstFunctionIsReportedAtItsName) {

@@ -77,16 +77,16 @@ TEST(ResolverInheritance, AnUndefinedInterfaceIsReportedAndTheOthersStay) {
 
 TEST(ResolverInheritance, AClassInTheInterfaceListIsNotAnInterface) {
     auto a = resolved("class B {}\nclass C implements B {}\nstruct S { int x; }\nclass D implements S {}\n");
-    EXPECT_EQ(a->records(), (Records{"E1001|Type 'B' is not an interface||2:1",
-                                     "E1001|Type 'S' is not an interface||4:1"}));
+    EXPECT_EQ(a->records(),
+              (Records{"E1001|Type 'B' is not an interface||2:1", "E1001|Type 'S' is not an interface||4:1"}));
     EXPECT_TRUE(classNamed(*a, "C")->interfaces.empty());
 }
 
 TEST(ResolverInheritance, BaseThenInterfacesThenMembersAreReportedInThatOrder) {
     auto a = resolved("class C extends Nobody implements Nothing {\n  int x;\n  int x;\n}\n");
-    EXPECT_EQ(a->records(), (Records{"E1002|Undefined base class or interface 'Nobody'||1:1",
-                                     "E1002|Undefined interface 'Nothing'||1:1",
-                                     "E1004|Duplicate field 'x' in class 'C'||3:7"}));
+    EXPECT_EQ(a->records(),
+              (Records{"E1002|Undefined base class or interface 'Nobody'||1:1",
+                       "E1002|Undefined interface 'Nothing'||1:1", "E1004|Duplicate field 'x' in class 'C'||3:7"}));
 }
 
 TEST(ResolverInheritance, ASubclassAboveItsBaseGetsOverrideErrorsAndNoFieldComparison) {

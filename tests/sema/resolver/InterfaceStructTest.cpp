@@ -34,8 +34,7 @@ TEST(ResolverInterfaces, UndefinedTypesAreReportedAtTheMethod) {
     auto a = resolved("interface I {\n  fn run(x: Ghost) -> Shade;\n}\n");
     EXPECT_EQ(a->records(), (Records{std::string("E1002|Undefined type 'Ghost'|") + TYPE_HINT + "|2:3",
                                      std::string("E1002|Undefined type 'Shade'|") + TYPE_HINT + "|2:3"}));
-    EXPECT_EQ(userType<InterfaceType>(*a, "I")->methods.at(0).type->toString(),
-              "fn(<type-error>) -> <type-error>");
+    EXPECT_EQ(userType<InterfaceType>(*a, "I")->methods.at(0).type->toString(), "fn(<type-error>) -> <type-error>");
 }
 
 TEST(ResolverInterfaces, MethodTypesMayNameTypesDeclaredLater) {

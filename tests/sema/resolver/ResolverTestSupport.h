@@ -2,12 +2,12 @@
 
 // Helpers of the resolver tests: run pass 1 and pass 2 over a source and read
 // back the declared types and symbols by name.
-#include <memory>
-#include <unordered_map>
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "sema/SemaTestSupport.h"
 #include "sema/Symbol.h"
