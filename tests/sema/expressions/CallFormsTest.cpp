@@ -197,3 +197,15 @@ TEST(CallForms, GenericResultThatNamesNothingFallsBackToTheDeclaredReturnType) {
     EXPECT_EQ(a.records(), Records{});
     EXPECT_EQ(initializerType(a, "r"), "any");
 }
+
+TEST(CallForms, ArgumentsAreCheckedBeforeTheReceiver) {
+    const std::string src =
+        "fn main() {\n"
+        "    var r = nope.size(other);\n"
+        "}\n";
+    const std::string hint = "Ensure the variable is declared before use";
+    EXPECT_EQ(analyzeSource(src),
+              (Records{record("E1002", "Undefined variable or symbol 'other'", at(src, 2, "other"), hint),
+                       record("E1002", "Undefined variable or symbol 'nope'", at(src, 2, "nope"), hint),
+                       record("E1003", "Type '<type-error>' has no method named 'size'", at(src, 2, "("))}));
+}
