@@ -217,6 +217,30 @@ const ast::BinaryExpr* leftBinary(const ast::BinaryExpr& node) {
     return static_cast<const ast::BinaryExpr*>(node.left.get());
 }
 
+// The operators of a left-nested chain, outermost first. Most chains are a
+// single operator or a few, so the first links are kept in place and only
+// longer chains (long concatenations) spill to the heap.
+class ChainLinks {
+public:
+    void push(const ast::BinaryExpr* link) {
+        if (count < inPlace.size()) {
+            inPlace[count] = link;
+        } else {
+            spilled.push_back(link);
+        }
+        ++count;
+    }
+    std::size_t size() const { return count; }
+    const ast::BinaryExpr& operator[](std::size_t index) const {
+        return index < inPlace.size() ? *inPlace[index] : *spilled[index - inPlace.size()];
+    }
+
+private:
+    std::array<const ast::BinaryExpr*, 8> inPlace{};
+    std::vector<const ast::BinaryExpr*> spilled;
+    std::size_t count = 0;
+};
+
 }  // namespace
 
 // Both operands are always checked. An operand of the error type makes the
@@ -228,13 +252,13 @@ void TypeChecker::visit(const ast::BinaryExpr& node) {
     // operators applied from the innermost outwards, in the order a
     // recursive walk would take, so that the stack does not grow with the
     // length of a chain.
-    std::vector<const ast::BinaryExpr*> chain{&node};
-    while (const ast::BinaryExpr* inner = leftBinary(*chain.back())) chain.push_back(inner);
+    ChainLinks chain;
+    for (const ast::BinaryExpr* link = &node; link != nullptr; link = leftBinary(*link)) chain.push(link);
 
-    const ast::BinaryExpr& innermost = *chain.back();
+    const ast::BinaryExpr& innermost = chain[chain.size() - 1];
     TypePtr left = innermost.left ? checkExpr(*innermost.left) : types.errorType;
-    for (auto it = chain.rbegin(); it != chain.rend(); ++it) {
-        const ast::BinaryExpr& binary = **it;
+    for (std::size_t index = chain.size(); index-- > 0;) {
+        const ast::BinaryExpr& binary = chain[index];
         TypePtr right = binary.right ? checkExpr(*binary.right) : types.errorType;
         if (left->kind == TypeKind::Error || right->kind == TypeKind::Error) {
             left = types.errorType;

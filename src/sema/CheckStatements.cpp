@@ -70,15 +70,15 @@ TypePtr typedDeclaration(TypeChecker& checker, const ast::VarDeclStmt& node) {
     }
     if (!node.initializer) return declared;
     TypePtr value = narrowedInitializer(checker, declared, checker.checkExpr(*node.initializer), *node.initializer);
-    const std::string declaredText = declared->toString();
     if (declared->kind != TypeKind::Nullable && value->kind == TypeKind::Null) {
+        const std::string declaredText = declared->toString();
         checker.report("E1008",
                        "Null safety violation: cannot assign null to non-nullable variable '" + node.name +
                            "' of type '" + declaredText + "'",
                        node.location, "Use '" + declaredText + "?' to declare a nullable variable");
     } else if (!value->isAssignableTo(*declared)) {
         checker.report("E1001",
-                       "Type mismatch: cannot initialize variable of type '" + declaredText +
+                       "Type mismatch: cannot initialize variable of type '" + declared->toString() +
                            "' with value of type '" + value->toString() + "'",
                        node.location);
     }
@@ -111,9 +111,7 @@ TypePtr listElement(TypeContext& types, const std::string& text) {
     return element ? element : types.anyType;
 }
 
-bool isListClass(const Type& type, const std::string& text) {
-    return type.kind == TypeKind::Class && text.size() >= 5 && text.compare(0, 5, "List<") == 0;
-}
+bool isListText(const std::string& text) { return text.size() >= 5 && text.compare(0, 5, "List<") == 0; }
 
 }  // namespace
 
@@ -173,16 +171,15 @@ void TypeChecker::visit(const ast::ForStmt& node) {
 void TypeChecker::visit(const ast::ForInStmt& node) {
     TypePtr collection = node.iterable ? checkExpr(*node.iterable) : types.errorType;
     TypePtr element = types.anyType;
-    const std::string collectionText = collection->toString();
     if (collection->kind == TypeKind::Array) {
         element = static_cast<const ArrayType&>(*collection).elementType;
     } else if (collection->kind == TypeKind::Map) {
         element = static_cast<const MapType&>(*collection).keyType;
-    } else if (isListClass(*collection, collectionText)) {
-        element = listElement(types, collectionText);
+    } else if (const std::string text = collection->toString();
+               collection->kind == TypeKind::Class && isListText(text)) {
+        element = listElement(types, text);
     } else {
-        report("E1001", "For-in loop requires an iterable collection or array, got '" + collectionText + "'",
-               node.location);
+        report("E1001", "For-in loop requires an iterable collection or array, got '" + text + "'", node.location);
     }
     if (!node.varType.empty() && node.varType != "var" && node.varType != "let") {
         if (TypePtr written = types.resolveType(node.varType)) element = written;
