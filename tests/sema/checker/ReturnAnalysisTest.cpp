@@ -86,7 +86,8 @@ TEST(CheckerReturnAnalysis, OtherLoopsDoNotCount) {
 }
 
 TEST(CheckerReturnAnalysis, ASwitchReturningInEveryCaseDoesNotCount) {
-    const std::string source = "fn f(n: int): string {\n    switch (n) {\n        case 0:\n            return \"zero\";\n"
+    const std::string source = "fn f(n: int): string {\n    switch (n) {\n        case 0:\n"
+                               "            return \"zero\";\n"
                                "        default:\n            return \"many\";\n    }\n}\n";
     EXPECT_FALSE(bodyReturns(source));
     EXPECT_EQ(analyzeSource(source), Records{missingReturn("f", "string", at(source, 1, "fn"))});

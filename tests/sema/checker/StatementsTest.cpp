@@ -113,7 +113,8 @@ TEST(CheckerForIn, AnArrayGivesItsElementType) {
 }
 
 TEST(CheckerForIn, AMapGivesItsKeyType) {
-    Probe result = probe(withParams("someMap: Map<string, int>", "for (k in someMap) {\n        var probe = k;\n    }"));
+    Probe result =
+        probe(withParams("someMap: Map<string, int>", "for (k in someMap) {\n        var probe = k;\n    }"));
     EXPECT_EQ(result.records, Records{});
     EXPECT_EQ(result.type, "string");
 }
