@@ -3,7 +3,7 @@
 namespace quor::diagnostics {
 
 std::string SourceLocation::toString() const {
-    std::string text = file.empty() ? std::string("<unknown>") : file;
+    std::string text = file.empty() ? std::string("<unknown>") : file.str();
     text += ':';
     text += std::to_string(line);
     text += ':';

@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <string>
 
+#include "diagnostics/SourceName.h"
+
 namespace quor::diagnostics {
 
 // A place in a source text: one-based line and column, columns counted in bytes.
 struct SourceLocation {
-    std::string file;
+    SourceName file;  // shared by every location of one source
     std::uint32_t line = 0;
     std::uint32_t column = 0;
 

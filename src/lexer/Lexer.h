@@ -53,7 +53,7 @@ private:
     Token errorToken(std::string_view code, std::string_view message, std::string_view hint);
 
     std::string_view source;
-    std::string filename;
+    diagnostics::SourceName filename;  // shared by every token
     diagnostics::DiagnosticEngine* diagnostics;
     std::uint64_t tokenStart = 0;
     std::uint64_t current = 0;

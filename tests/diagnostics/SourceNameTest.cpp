@@ -1,0 +1,78 @@
+// The shared source name: copies share one text, compare and print like the
+// string they were made from, and an empty name reads as the empty string.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "diagnostics/SourceLocation.h"
+
+namespace {
+
+using quor::diagnostics::SourceLocation;
+using quor::diagnostics::SourceName;
+
+const std::string LONG_URI = "file:///home/user/projects/inventory/src/warehouse/stock_levels.quor";
+
+TEST(SourceName, CopiesShareTheTextOfTheOriginal) {
+    SourceName name(LONG_URI);
+    SourceName copy = name;
+    EXPECT_EQ(&copy.str(), &name.str());
+    EXPECT_EQ(copy, LONG_URI);
+}
+
+TEST(SourceName, ReadsAndComparesLikeItsString) {
+    SourceName name("main.quor");
+    const std::string& text = name;
+    EXPECT_EQ(text, "main.quor");
+    EXPECT_EQ(name, "main.quor");
+    EXPECT_EQ(name, std::string("main.quor"));
+    EXPECT_FALSE(name == "other.quor");
+    EXPECT_EQ(name.size(), 9u);
+    EXPECT_EQ(name + ":1", "main.quor:1");
+    std::ostringstream out;
+    out << name;
+    EXPECT_EQ(out.str(), "main.quor");
+}
+
+TEST(SourceName, AnEmptyNameIsTheEmptyString) {
+    SourceName none;
+    EXPECT_TRUE(none.empty());
+    EXPECT_EQ(none.str(), "");
+    EXPECT_TRUE(SourceName("").empty());
+}
+
+TEST(SourceName, AssignmentReplacesTheTextAndKeepsOthersIntact) {
+    SourceName first("a.quor");
+    SourceName second = first;
+    second = "b.quor";
+    EXPECT_EQ(first, "a.quor");
+    EXPECT_EQ(second, "b.quor");
+    SourceName moved = std::move(second);
+    EXPECT_EQ(moved, "b.quor");
+}
+
+TEST(SourceName, LocationsOfOneSourceShareTheNameAndPrintIt) {
+    SourceLocation a{LONG_URI, 3, 7};
+    SourceLocation b = a;
+    b.column = 9;
+    EXPECT_EQ(&a.file.str(), &b.file.str());
+    EXPECT_EQ(b.toString(), LONG_URI + ":3:9");
+}
+
+TEST(SourceName, CopiesMadeAndDroppedOnSeveralThreadsLeaveTheNameWhole) {
+    SourceName name(LONG_URI);
+    std::vector<std::thread> workers;
+    for (int t = 0; t < 4; ++t) {
+        workers.emplace_back([&name] {
+            std::vector<SourceName> copies(10000, name);
+            copies.clear();
+        });
+    }
+    for (auto& worker : workers) worker.join();
+    EXPECT_EQ(name, LONG_URI);
+}
+
+}  // namespace
