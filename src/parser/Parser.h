@@ -114,6 +114,7 @@ private:
 
     // ---- Types (ParserTypes.cpp) ----
     std::string parseType();
+    void parseTypeInto(std::string& text);
     std::vector<std::string> parseTypeArgumentList();
 
     // ---- String interpolation (ParserInterpolation.cpp) ----

@@ -15,17 +15,26 @@ constexpr std::string_view UNKNOWN_TYPE = "unknown";
 }  // namespace
 
 std::string Parser::parseType() {
+    std::string text;
+    parseTypeInto(text);
+    return text;
+}
+
+// Appends to one buffer all the way down, so that a type nested n deep costs
+// n appends rather than n copies of ever longer inner texts.
+void Parser::parseTypeInto(std::string& text) {
     NestingScope scope(*this);
     if (!isTypeKeyword(peek().type) && !check(TokenType::Identifier)) {
         errorAt(peek(), "Expected type name");
-        return std::string(UNKNOWN_TYPE);
+        text.append(UNKNOWN_TYPE);
+        return;
     }
-    std::string text = advance().lexeme;
+    text.append(advance().lexeme);
     if (match(TokenType::Less)) {
         text.push_back('<');
         while (true) {
             std::uint64_t iterationStart = current;
-            text.append(parseType());
+            parseTypeInto(text);
             if (match(TokenType::Comma)) text.append(", ");
             if (isAtEnd() || check(TokenType::Greater)) break;
             // Nothing could be read (say a ">>" or a number): stop here
@@ -42,7 +51,6 @@ std::string Parser::parseType() {
         text.append("[]");
     }
     if (match(TokenType::Question)) text.push_back('?');
-    return text;
 }
 
 std::vector<std::string> Parser::parseTypeArgumentList() {

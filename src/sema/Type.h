@@ -94,6 +94,9 @@ public:
     bool isUnsignedInteger() const;
 
     TypeKind kind;
+    // How many array, map, nullable and function levels this type stacks up,
+    // itself included; 0 for every other type. Set by TypeContext.
+    std::uint32_t nesting = 0;
 
 protected:
     // Steps 1 to 8 of plain assignability, shared by every override.

@@ -2,6 +2,8 @@
 // table of named types, and the reading of type text.
 #include "sema/TypeContext.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -159,18 +161,46 @@ TypeContext::~TypeContext() {
 
 // ---- interning ----
 
+namespace {
+
+// The nesting of a composite made over these components, or 0 when it
+// would pass the limit.
+std::uint32_t nestingOver(std::initializer_list<const Type*> components) {
+    std::uint32_t deepest = 0;
+    for (const Type* component : components) {
+        if (component != nullptr) deepest = std::max(deepest, component->nesting);
+    }
+    return deepest >= MAX_TYPE_NESTING ? 0 : deepest + 1;
+}
+
+// The interned composite under `key`, made by `make` on first use.
+template <typename Make>
+TypePtr interned(std::unordered_map<std::string, TypePtr>& cache, std::string key, std::uint32_t nesting,
+                 Make make) {
+    auto& slot = cache[std::move(key)];
+    if (!slot) {
+        slot = make();
+        slot->nesting = nesting;
+    }
+    return slot;
+}
+
+}  // namespace
+
 TypePtr TypeContext::getArrayType(TypePtr element) {
     if (!element) return errorType;
-    auto& slot = typeCache[element->toString() + "[]"];
-    if (!slot) slot = std::make_shared<ArrayType>(std::move(element));
-    return slot;
+    const std::uint32_t nesting = nestingOver({element.get()});
+    if (nesting == 0) return errorType;
+    return interned(typeCache, element->toString() + "[]", nesting,
+                    [&] { return std::make_shared<ArrayType>(std::move(element)); });
 }
 
 TypePtr TypeContext::getMapType(TypePtr key, TypePtr value) {
     if (!key || !value) return errorType;
-    auto& slot = typeCache["Map<" + key->toString() + "," + value->toString() + ">"];
-    if (!slot) slot = std::make_shared<MapType>(std::move(key), std::move(value));
-    return slot;
+    const std::uint32_t nesting = nestingOver({key.get(), value.get()});
+    if (nesting == 0) return errorType;
+    return interned(typeCache, "Map<" + key->toString() + "," + value->toString() + ">", nesting,
+                    [&] { return std::make_shared<MapType>(std::move(key), std::move(value)); });
 }
 
 TypePtr TypeContext::getNullableType(TypePtr inner) {
@@ -178,14 +208,21 @@ TypePtr TypeContext::getNullableType(TypePtr inner) {
     if (inner->kind == TypeKind::Void || inner->kind == TypeKind::Null || inner->kind == TypeKind::Nullable) {
         return inner;
     }
-    auto& slot = typeCache[inner->toString() + "?"];
-    if (!slot) slot = std::make_shared<NullableType>(std::move(inner));
-    return slot;
+    const std::uint32_t nesting = nestingOver({inner.get()});
+    if (nesting == 0) return errorType;
+    return interned(typeCache, inner->toString() + "?", nesting,
+                    [&] { return std::make_shared<NullableType>(std::move(inner)); });
 }
 
 std::shared_ptr<FunctionType> TypeContext::getFunctionType(std::vector<TypePtr> params, TypePtr returnType) {
     if (!returnType) returnType = voidType;
-    return std::make_shared<FunctionType>(std::move(params), std::move(returnType));
+    std::uint32_t deepest = returnType->nesting;
+    for (const auto& param : params) {
+        if (param) deepest = std::max(deepest, param->nesting);
+    }
+    auto function = std::make_shared<FunctionType>(std::move(params), std::move(returnType));
+    function->nesting = std::min(deepest + 1, MAX_TYPE_NESTING);
+    return function;
 }
 
 // ---- named types ----
@@ -232,6 +269,7 @@ TypePtr TypeContext::findUserType(const std::string& name) const {
 // while its key is read. So a deeply nested text costs no stack.
 TypePtr TypeContext::resolveType(const std::string& text) {
     std::vector<Wrapper> wrappers;
+    std::uint32_t stackedLevels = 0;
     std::string_view rest = text;
     for (;;) {
         std::string_view part = trimmed(rest);
@@ -269,7 +307,13 @@ TypePtr TypeContext::resolveType(const std::string& text) {
         } else {
             result = resolveNamedType(std::string(part));
         }
-        if (!reachedCore) continue;
+        if (!reachedCore) {
+            // Repeated "?" collapses into one nullable; every other level
+            // stacks up, and a text deeper than a type may be stands for the
+            // error type without the cost of building it.
+            if (wrappers.back().op != Wrapper::Op::Nullable && ++stackedLevels > MAX_TYPE_NESTING) return errorType;
+            continue;
+        }
 
         // Apply the wrappers until one asks for more text to be read.
         bool readMore = false;

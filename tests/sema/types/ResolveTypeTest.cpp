@@ -330,7 +330,7 @@ TEST_F(ResolveType, TenThousandQuestionMarksCostNoStack) {
 }
 
 TEST_F(ResolveType, DeeplyNestedArraysAreReadInALoop) {
-    constexpr int DEPTH = 2000;
+    constexpr int DEPTH = static_cast<int>(MAX_TYPE_NESTING);
     std::string brackets;
     std::string heads;
     std::string closers;
@@ -352,6 +352,31 @@ TEST_F(ResolveType, DeeplyNestedMapValuesAreReadInALoop) {
     auto map = resolve(text);
     ASSERT_NE(map, nullptr);
     EXPECT_EQ(map->toString(), text);
+}
+
+// Interning keys are whole printed texts, so a type nested n deep costs the
+// square of n; past the nesting limit a type is the error type instead.
+TEST_F(ResolveType, ATypeTextNestedPastTheLimitIsTheErrorType) {
+    std::string text = "int";
+    for (std::uint32_t i = 0; i <= MAX_TYPE_NESTING; ++i) text = "Map<string, " + text + ">";
+    EXPECT_EQ(resolve(text), types.errorType);
+    std::string brackets;
+    for (std::uint32_t i = 0; i <= MAX_TYPE_NESTING; ++i) brackets += "[]";
+    EXPECT_EQ(resolve("int" + brackets), types.errorType);
+}
+
+TEST_F(ResolveType, RepeatedNullableMarksDoNotCountTowardsTheNestingLimit) {
+    EXPECT_EQ(resolve("int" + std::string(3 * MAX_TYPE_NESTING, '?')), resolve("int?"));
+}
+
+TEST_F(ResolveType, AnArrayOverATypeAtTheNestingLimitIsTheErrorType) {
+    TypePtr deepest = types.intType;
+    for (std::uint32_t i = 0; i < MAX_TYPE_NESTING; ++i) deepest = types.getArrayType(deepest);
+    EXPECT_EQ(deepest->nesting, MAX_TYPE_NESTING);
+    EXPECT_EQ(types.getArrayType(deepest), types.errorType);
+    EXPECT_EQ(types.getNullableType(deepest), types.errorType);
+    EXPECT_EQ(types.getMapType(types.stringType, deepest), types.errorType);
+    EXPECT_EQ(types.getArrayType(types.intType)->nesting, 1u);
 }
 
 }  // namespace
