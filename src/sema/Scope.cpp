@@ -1,5 +1,7 @@
 // One level of the scope stack. A name has one entry; the overloads of a
 // function hang off the first function symbol of that name.
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "sema/Symbol.h"
@@ -37,6 +39,51 @@ bool sameParameters(const Symbol& a, const Symbol& b) {
 
 bool isBuiltin(const Symbol& symbol) { return symbol.location.file == BUILTIN_FILE; }
 
+// A hash on which equal parameter lists always agree: the count, and for each
+// parameter its kind and, for named types (which are equal by name), the name.
+std::size_t parameterHash(const Symbol& symbol) {
+    const auto& params = paramsOf(symbol);
+    std::size_t hash = params.size();
+    auto mix = [&hash](std::size_t value) { hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2); };
+    for (const auto& param : params) {
+        if (!param) {
+            mix(0xffff);
+            continue;
+        }
+        mix(static_cast<std::size_t>(param->kind));
+        switch (param->kind) {
+            case TypeKind::Class:
+            case TypeKind::Interface:
+            case TypeKind::Struct:
+            case TypeKind::Enum:
+                mix(std::hash<std::string>{}(param->toString()));
+                break;
+            default:
+                break;
+        }
+    }
+    return hash;
+}
+
+// Brings the index of `first`'s overloads up to date with the vector.
+void indexOverloads(FunctionSymbol& first) {
+    for (; first.indexedOverloads < first.overloads.size(); ++first.indexedOverloads) {
+        const auto& overload = first.overloads[first.indexedOverloads];
+        if (overload) first.overloadsByParameters[parameterHash(*overload)].push_back(first.indexedOverloads);
+    }
+}
+
+// The first overload, in order, whose parameters are those of `symbol`.
+const FunctionSymbol* overloadWithParameters(FunctionSymbol& first, const Symbol& symbol) {
+    indexOverloads(first);
+    auto bucket = first.overloadsByParameters.find(parameterHash(symbol));
+    if (bucket == first.overloadsByParameters.end()) return nullptr;
+    for (std::size_t position : bucket->second) {
+        if (sameParameters(symbol, *first.overloads[position])) return first.overloads[position].get();
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 // A redeclaration with the parameters of an existing function is never
@@ -55,9 +102,7 @@ bool Scope::define(const SymbolPtr& symbol) {
     auto first = std::dynamic_pointer_cast<FunctionSymbol>(entry);
     auto added = std::dynamic_pointer_cast<FunctionSymbol>(symbol);
     if (!first || !added) return false;
-    for (const auto& overload : first->overloads) {
-        if (overload && sameParameters(*symbol, *overload)) return isBuiltin(*overload);
-    }
+    if (const FunctionSymbol* same = overloadWithParameters(*first, *symbol)) return isBuiltin(*same);
     first->overloads.push_back(std::move(added));
     return true;
 }

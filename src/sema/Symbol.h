@@ -99,6 +99,12 @@ public:
     bool isAbstract;
     bool isOverride;
     std::vector<std::shared_ptr<FunctionSymbol>> overloads;
+    // Positions in `overloads` by a hash of their parameter lists, so that a
+    // new overload is compared only with those that could have its
+    // parameters. Scope::define keeps it in step, also with overloads that
+    // were appended to the vector directly.
+    std::unordered_map<std::size_t, std::vector<std::size_t>> overloadsByParameters;
+    std::size_t indexedOverloads = 0;
 };
 using FunctionSymbolPtr = std::shared_ptr<FunctionSymbol>;
 
