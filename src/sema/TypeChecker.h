@@ -8,6 +8,7 @@
 
 #include "ast/AST.h"
 #include "diagnostics/DiagnosticEngine.h"
+#include "sema/ExpressionTypeTable.h"
 #include "sema/Symbol.h"
 #include "sema/TypeContext.h"
 
@@ -78,7 +79,7 @@ public:
     std::shared_ptr<ClassType> currentClass;  // null outside classes
     std::int32_t loopDepth = 0;
     std::int32_t switchDepth = 0;
-    std::unordered_map<const ast::ExpressionNode*, TypePtr> exprTypes;
+    ExpressionTypeTable exprTypes;
 
     // Shorthand for an error report at a node's place.
     void report(std::string_view code, const std::string& message, const diagnostics::SourceLocation& location,
