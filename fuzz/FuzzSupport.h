@@ -18,9 +18,11 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <condition_variable>
 #include <cstring>
 #include <exception>
 #include <functional>
+#include <mutex>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -74,21 +76,52 @@ inline void* runWork(void* argument) {
 
 }  // namespace detail
 
-// Runs `body` on a fresh thread with a 512 MiB stack (virtual memory only)
-// and waits for it. Exceptions are sorted as told above.
+// Runs `body` on a worker thread with a 512 MiB stack (virtual memory only),
+// made once and kept for every input, and waits for it. Exceptions are sorted
+// as told above. One long-lived thread rather than a thread per input, as the
+// sanitizers keep bookkeeping for every thread that ever ran.
 inline void runGuarded(unsigned allowed, const std::function<void()>& body) {
+    static std::mutex mutex;
+    static std::condition_variable changed;
+    static detail::Work* pending = nullptr;
+    static bool done = false;
+    static const bool started = [] {
+        pthread_attr_t attributes;
+        pthread_t thread;
+        bool ok = pthread_attr_init(&attributes) == 0 &&
+                  pthread_attr_setstacksize(&attributes, std::size_t{512} << 20) == 0 &&
+                  pthread_create(
+                      &thread, &attributes,
+                      [](void*) -> void* {
+                          while (true) {
+                              std::unique_lock<std::mutex> lock(mutex);
+                              changed.wait(lock, [] { return pending != nullptr; });
+                              detail::Work* work = pending;
+                              lock.unlock();
+                              detail::runWork(work);
+                              lock.lock();
+                              pending = nullptr;
+                              done = true;
+                              changed.notify_all();
+                          }
+                          return nullptr;
+                      },
+                      nullptr) == 0;
+        pthread_attr_destroy(&attributes);
+        if (ok) pthread_detach(thread);
+        return ok;
+    }();
+
     detail::Work work{&body, allowed};
-    pthread_attr_t attributes;
-    pthread_t thread;
-    bool started = pthread_attr_init(&attributes) == 0 &&
-                   pthread_attr_setstacksize(&attributes, std::size_t{512} << 20) == 0 &&
-                   pthread_create(&thread, &attributes, detail::runWork, &work) == 0;
-    pthread_attr_destroy(&attributes);
-    if (started) {
-        pthread_join(thread, nullptr);
-    } else {
+    if (!started) {
         detail::runWork(&work);
+        return;
     }
+    std::unique_lock<std::mutex> lock(mutex);
+    done = false;
+    pending = &work;
+    changed.notify_all();
+    changed.wait(lock, [] { return done; });
 }
 
 // A property of the code under test does not hold: report and abort.

@@ -23,6 +23,10 @@ public:
     std::string program() {
         if (pick(4) == 0) out.append("module fuzzed;\n");
         if (pick(4) == 0) out.append("import std.math;\n");
+        // Most programs start from a set of declarations that resolve
+        // cleanly, so that the checker runs; the rest leave names undeclared
+        // and duplicated, for the resolver.
+        if (pick(8) != 0) out.append(PRELUDE);
         int declarations = 1 + static_cast<int>(pick(12));
         for (int i = 0; i < declarations && !in.empty(); ++i) declaration();
         return out;
@@ -32,16 +36,31 @@ private:
     ByteReader in;
     std::string out;
     int depth = 0;
+    int fresh = 0;  // numbers the declarations that must not clash
+
+    static constexpr const char* PRELUDE =
+        "interface I0 {\n    fn m0(): int;\n}\n"
+        "interface I1 {\n    fn label(): string;\n}\n"
+        "enum E0 { A, B = 5, Z }\n"
+        "struct S0 {\n    a: int;\n    b: string;\n}\n"
+        "class C0 {\n    public int x0;\n    public string x1;\n    C0() {}\n"
+        "    public fn m0(): int { return 1; }\n    public fn m1(p0: int): string { return \"a\"; }\n}\n"
+        "class C1 extends C0 implements I0 {\n    public double x2;\n    C1() { super(); }\n"
+        "    public override fn m0(): int { return 2; }\n}\n"
+        "class C2<T> {\n    private T x0;\n    C2(T x0) { this.x0 = x0; }\n    public fn get(): T { return x0; }\n}\n"
+        "class C3 extends C1 implements I1 {\n    C3() { super(); }\n    public fn label(): string { return \"c\"; }\n}\n";
 
     static constexpr const char* CLASSES[] = {"C0", "C1", "C2", "C3"};
     static constexpr const char* INTERFACES[] = {"I0", "I1"};
     static constexpr const char* FUNCTIONS[] = {"f0", "f1", "f2", "print", "len"};
-    static constexpr const char* MEMBERS[] = {"x0", "x1", "m0", "m1", "length", "push", "get", "size", "map"};
-    static constexpr const char* LOCALS[] = {"v0", "v1", "p0", "p1", "T", "this", "x0", "E0"};
+    static constexpr const char* MEMBERS[] = {"x0", "x1", "x2", "m0", "m1", "length", "push", "get", "size", "map",
+                                               "label", "a", "b", "A", "Z", "toString", "keys", "contains"};
+    static constexpr const char* LOCALS[] = {"v0", "v1", "p0", "p1", "v0", "this", "x0", "E0", "v1", "C0"};
     static constexpr const char* PRIMITIVES[] = {"int",  "uint", "int64", "uint64", "float", "double", "string",
                                                  "bool", "char", "int16", "byte",   "any",   "void"};
     static constexpr const char* BINARY[] = {"+",  "-",  "*",  "/",  "%",  "==", "!=", "<",  ">",  "<=", ">=",
-                                             "&&", "||", "&",  "|",  "^",  "<<", "??", "+=", "-=", "=",  "*="};
+                                             "&&", "||", "&",  "|",  "^",  "<<", "??"};
+    static constexpr const char* ASSIGNMENT[] = {"=", "+=", "-=", "*=", "/=", "%="};
     static constexpr const char* UNARY[] = {"-", "!", "~", "++", "--", "+"};
 
     template <std::size_t N>
@@ -59,7 +78,10 @@ private:
             case 2: out.append(any(CLASSES)); break;
             case 3: out.append(any(INTERFACES)); break;
             case 4: type(); out.append("[]"); break;
-            case 5: type(); out.append("?"); break;
+            case 5:
+                type();
+                if (out.back() != '?') out.append("?");  // "??" would scan as one operator
+                break;
             case 6:
                 out.append("Map<");
                 type();
@@ -68,7 +90,12 @@ private:
                 out.append(" >");
                 break;
             default:
-                out.append(pick(2) == 0 ? "T" : "E0");
+                switch (pick(4)) {
+                    case 0: out.append("E0"); break;
+                    case 1: out.append("S0"); break;
+                    case 2: out.append("C2<"); type(); out.append(">"); break;
+                    default: out.append(pick(2) == 0 ? "T" : "D0"); break;
+                }
                 break;
         }
         --depth;
@@ -84,11 +111,31 @@ private:
             case 5: out.append(pick(2) == 0 ? "true" : "false"); break;
             case 6: out.append("null"); break;
             case 7:
+                // A piece ends at the first "}" and may hold no quote, so it
+                // stays a simple expression.
                 out.append("\"a ${");
-                expression();
+                out.append(any(LOCALS));
+                if (pick(2) == 0) out.append(".").append(any(MEMBERS));
+                if (pick(2) == 0) out.append(" + ").append(std::to_string(pick(10)));
                 out.append("} b\"");
                 break;
             default: out.append("\"$v0 and ${v1}\""); break;
+        }
+    }
+
+    void lambda() {
+        out.append("(");
+        if (pick(2) == 0) {
+            out.append(PRIMITIVES[pick(12)]);
+            out.append(" p0");
+        } else {
+            out.append("p0");
+        }
+        out.append(") => ");
+        if (pick(4) == 0) {
+            block();
+        } else {
+            leadingExpression();
         }
     }
 
@@ -97,7 +144,11 @@ private:
         int count = static_cast<int>(pick(4));
         for (int i = 0; i < count; ++i) {
             if (i > 0) out.append(", ");
-            expression();
+            if (!deep() && pick(6) == 0) {
+                lambda();
+            } else {
+                expression();
+            }
         }
         out.push_back(')');
     }
@@ -149,18 +200,18 @@ private:
             }
             case 7:
                 out.append("(");
-                if (pick(2) == 0) {
-                    type();
-                    out.append(" p0");
-                } else {
-                    out.append("p0");
-                }
-                out.append(") => ");
-                expression();
+                postfix();
+                out.append(" ? ");
+                postfix();
+                out.append(" : ");
+                postfix();
+                out.append(")");
                 break;
             case 8:
                 out.append(any(UNARY));
-                primary();
+                out.push_back('(');
+                expression();
+                out.push_back(')');
                 break;
             case 9:
                 out.append("E0.");
@@ -201,19 +252,23 @@ private:
         postfix();
         int count = deep() ? 0 : static_cast<int>(pick(3));
         for (int i = 0; i < count; ++i) {
-            if (pick(8) == 0) {
-                out.append(" ? ");
-                postfix();
-                out.append(" : ");
-                postfix();
-            } else {
-                out.push_back(' ');
-                out.append(any(BINARY));
-                out.push_back(' ');
-                postfix();
-            }
+            out.push_back(' ');
+            out.append(any(BINARY));
+            out.push_back(' ');
+            postfix();
         }
         --depth;
+    }
+
+    // An expression written where a statement or a lambda body starts; one
+    // that opens with "{" would read as a block, so it goes in parentheses.
+    void leadingExpression() {
+        std::size_t start = out.size();
+        expression();
+        if (start < out.size() && out[start] == '{') {
+            out.insert(start, 1, '(');
+            out.push_back(')');
+        }
     }
 
     void block() {
@@ -242,10 +297,10 @@ private:
 
     void statement() {
         ++depth;
-        switch (deep() ? 0 : pick(16)) {
+        switch (deep() ? 0 : pick(17)) {
             case 0:
             case 1:
-                expression();
+                leadingExpression();
                 out.append(";\n");
                 break;
             case 2: variable(); break;
@@ -296,9 +351,16 @@ private:
                 out.append("switch (");
                 expression();
                 out.append(") {\ncase ");
-                literal();
+                out.append(pick(2) == 0 ? std::to_string(pick(5)) : std::string("\"one\""));
                 out.append(":\n");
-                statement();
+                if (pick(2) == 0) {
+                    out.append("return ");
+                    postfix();
+                    out.append(";\n");
+                } else {
+                    leadingExpression();
+                    out.append(";\n");
+                }
                 out.append("default:\nbreak;\n}\n");
                 break;
             case 10:
@@ -325,6 +387,14 @@ private:
                 out.append(" {\n0 => { return 0; },\n_ => { return 1; }\n}\n");
                 break;
             case 14: block(); break;
+            case 15:
+                out.append(any(LOCALS));
+                out.push_back(' ');
+                out.append(any(ASSIGNMENT));
+                out.push_back(' ');
+                expression();
+                out.append(";\n");
+                break;
             default: variable(); break;
         }
         --depth;
@@ -335,7 +405,7 @@ private:
         int count = static_cast<int>(pick(4));
         for (int i = 0; i < count; ++i) {
             if (i > 0) out.append(", ");
-            std::string name = "p" + std::to_string(pick(3));
+            std::string name = "p" + std::to_string(pick(8) == 0 ? pick(3) : static_cast<std::uint32_t>(i));
             if (pick(2) == 0) {
                 out.append(name).append(": ");
                 type();
@@ -362,8 +432,20 @@ private:
             expression();
             out.append(";\n");
         } else {
-            block();
+            body();
         }
+    }
+
+    // A block that first declares the two locals the expressions use.
+    void body() {
+        out.append("{\nlet v0 = ");
+        literal();
+        out.append(";\nvar v1 = ");
+        literal();
+        out.append(";\n");
+        int count = static_cast<int>(pick(6));
+        for (int i = 0; i < count; ++i) statement();
+        out.append("}\n");
     }
 
     void classBody(const char* name, bool isInterface) {
@@ -392,7 +474,7 @@ private:
                     out.append(name);
                     parameters();
                     out.push_back(' ');
-                    block();
+                    body();
                     break;
                 default:
                     function(any(MEMBERS));
@@ -408,20 +490,20 @@ private:
             case 0:
             case 1:
             case 2: {
-                const char* name = any(CLASSES);
+                const std::string name = pick(6) == 0 ? any(CLASSES) : "D" + std::to_string(fresh++);
                 out.append(pick(5) == 0 ? "abstract class " : "class ").append(name);
                 if (pick(3) == 0) out.append("<T>");
                 if (pick(2) == 0) out.append(" extends ").append(any(CLASSES));
                 if (pick(3) == 0) out.append(" implements ").append(any(INTERFACES));
-                classBody(name, false);
+                classBody(name.c_str(), false);
                 break;
             }
             case 3:
-                out.append("interface ").append(any(INTERFACES));
+                out.append("interface ").append(pick(4) == 0 ? std::string(any(INTERFACES)) : "J" + std::to_string(fresh++));
                 classBody("", true);
                 break;
             case 4: {
-                out.append("enum E0 { A");
+                out.append("enum ").append(pick(4) == 0 ? std::string("E0") : "F" + std::to_string(fresh++)).append(" { A");
                 if (pick(2) == 0) out.append(" = ").append(std::to_string(pick(1000)));
                 out.append(", B, Z");
                 if (pick(4) == 0) out.append(" = 9223372036854775807");
@@ -429,7 +511,8 @@ private:
                 break;
             }
             case 5:
-                out.append("struct S0 {\n    a: ");
+                out.append("struct ").append(pick(4) == 0 ? std::string("S0") : "R" + std::to_string(fresh++));
+                out.append(" {\n    a: ");
                 type();
                 out.append(";\n    b: ");
                 type();
@@ -437,7 +520,7 @@ private:
                 break;
             case 6:
                 out.append("test \"case ").append(std::to_string(pick(4))).append("\" ");
-                block();
+                body();
                 break;
             case 7:
                 variable();

@@ -63,7 +63,7 @@ run_target() {
 }
 
 echo "== fuzz: ${seconds}s per target, $jobs at a time"
-failed=0
+failures=0
 pids=()
 names=()
 for target in "${targets[@]}"; do
@@ -71,14 +71,14 @@ for target in "${targets[@]}"; do
   pids+=($!)
   names+=("$target")
   if [ ${#pids[@]} -ge "$jobs" ]; then
-    wait "${pids[0]}" || failed=1
+    wait "${pids[0]}" || failures=$((failures + 1))
     pids=("${pids[@]:1}")
     names=("${names[@]:1}")
   fi
 done
-for pid in "${pids[@]}"; do wait "$pid" || failed=1; done
-if [ "$failed" -ne 0 ]; then
-  echo "fuzz: failures; reproducers in $artifacts"
+for pid in "${pids[@]}"; do wait "$pid" || failures=$((failures + 1)); done
+echo "fuzz: $((${#targets[@]} - failures)) passed, $failures failed"
+if [ "$failures" -ne 0 ]; then
+  echo "fuzz: reproducers in $artifacts" >&2
   exit 1
 fi
-echo "fuzz: all ${#targets[@]} targets passed"

@@ -22,6 +22,8 @@ using quor::e2e::splitFramed;
 
 namespace {
 
+constexpr std::size_t HOSTILE_MEMORY_LIMIT_MIB = 3072;
+
 const std::string CALM_URI = "file:///hostile/calm.quor";
 const std::string HOSTILE_URI = "file:///hostile/hostile.quor";
 const std::string CALM_TEXT = "/// Adds two numbers.\nfn add(a: int, b: int): int {\n    return a + b;\n}\n";
@@ -79,7 +81,9 @@ Session hostileSession(const std::string& hostileText, int line = 0, int charact
     input.append(frame(R"({"jsonrpc":"2.0","id":99,"method":"shutdown"})"));
     input.append(frame(R"({"jsonrpc":"2.0","method":"exit"})"));
     Session session;
-    session.result = runServer(input);
+    // A server that runs away with memory fails here instead of taking the
+    // machine with it.
+    session.result = quor::e2e::runProcess(QUORLS_BINARY, {}, input, 300, HOSTILE_MEMORY_LIMIT_MIB);
     session.bodies = splitFramed(session.result.out);
     return session;
 }
@@ -96,10 +100,17 @@ void expectSurvived(const Session& session) {
     EXPECT_EQ(session.bodies.back().rfind("<<junk>>", 0), std::string::npos);
 }
 
-// One parse error: the source nests deeper than the parser's stack budget.
-bool isNestedTooDeeplyOnly(const std::string& published) {
-    return published.find("Source nested too deeply") != std::string::npos &&
-           published.find("\"E1", published.find("E1") + 1) == std::string::npos;
+// Syntax errors only, the first of them the report that the source nests
+// deeper than the parser's stack budget; the parser's recovery then resumes
+// behind the declaration it gave up on.
+bool isNestedTooDeeply(const std::string& published) {
+    const std::string first = R"({"diagnostics":[{"code":"E1000","message":"Source nested too deeply")";
+    if (published.find(first) == std::string::npos) return false;
+    for (std::size_t at = published.find("\"code\":\""); at != std::string::npos;
+         at = published.find("\"code\":\"", at + 1)) {
+        if (published.compare(at + 8, 5, "E1000") != 0) return false;
+    }
+    return true;
 }
 
 std::string repeat(const std::string& piece, int times) {
@@ -115,13 +126,14 @@ TEST(HostileInput, HundredThousandNestedParenthesesLeaveTheServerAnswering) {
     Session session = hostileSession(quor::bench::nestedParenthesesDocument(), 1, 100);
     expectSurvived(session);
     std::string published = session.lastPublication(HOSTILE_URI);
-    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeplyOnly(published)) << published;
+    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeply(published)) << published;
 }
 
 TEST(HostileInput, HundredThousandNestedBracketsLeaveTheServerAnswering) {
     Session session = hostileSession(quor::bench::nestedBracketsDocument(), 1, 100);
     expectSurvived(session);
-    EXPECT_FALSE(session.lastPublication(HOSTILE_URI).empty());
+    std::string published = session.lastPublication(HOSTILE_URI);
+    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeply(published)) << published;
 }
 
 TEST(HostileInput, HundredThousandNestedMapBracesLeaveTheServerAnswering) {
@@ -129,29 +141,33 @@ TEST(HostileInput, HundredThousandNestedMapBracesLeaveTheServerAnswering) {
                        ";\n}\n";
     Session session = hostileSession(text, 1, 20);
     expectSurvived(session);
-    EXPECT_FALSE(session.lastPublication(HOSTILE_URI).empty());
+    std::string published = session.lastPublication(HOSTILE_URI);
+    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeply(published)) << published;
 }
 
 TEST(HostileInput, HundredThousandNestedBlocksLeaveTheServerAnswering) {
     Session session = hostileSession(quor::bench::nestedBlocksDocument(), 0, 3);
     expectSurvived(session);
     std::string published = session.lastPublication(HOSTILE_URI);
-    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeplyOnly(published)) << published;
+    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeply(published)) << published;
 }
 
 TEST(HostileInput, HundredThousandNestedLambdasLeaveTheServerAnswering) {
     std::string text = "fn deepLambdas() {\n    let deep = " + repeat("(int x) => ", 100000) + "1;\n}\n";
     Session session = hostileSession(text, 1, 20);
     expectSurvived(session);
-    EXPECT_FALSE(session.lastPublication(HOSTILE_URI).empty());
+    std::string published = session.lastPublication(HOSTILE_URI);
+    EXPECT_TRUE(published == publication(HOSTILE_URI, {}) || isNestedTooDeeply(published)) << published;
 }
 
-TEST(HostileInput, HundredThousandNestedTypeArgumentsLeaveTheServerAnswering) {
+// A map type whose value type nests 100,000 deep is valid and analyses
+// cleanly. The closing brackets stand apart, as ">>" closes no argument list.
+TEST(HostileInput, HundredThousandNestedTypeArgumentsAnalyseCleanly) {
     std::string text = "fn deepType(x: " + repeat("Map<string, ", 100000) + "int" + repeat(" >", 100000) +
                        "): int {\n    return 0;\n}\n";
     Session session = hostileSession(text, 0, 3);
     expectSurvived(session);
-    EXPECT_FALSE(session.lastPublication(HOSTILE_URI).empty());
+    EXPECT_EQ(session.lastPublication(HOSTILE_URI), publication(HOSTILE_URI, {}));
 }
 
 TEST(HostileInput, JsonMessageNestedHundredThousandDeepIsReadToItsEnd) {

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,6 +19,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstddef>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -56,9 +58,12 @@ inline bool readSome(int& fd, std::string& sink) {
 }  // namespace detail
 
 // Starts `binary` with `args`, writes `input` to its stdin, closes stdin and
-// reads stdout and stderr to end of file.
+// reads stdout and stderr to end of file. A non-zero `memoryLimitMiB` caps
+// the child's heap: past it an allocation fails (in a sanitizer build the
+// sanitizer's own limit on resident memory ends the child instead).
 inline ProcessResult runProcess(const std::string& binary, const std::vector<std::string>& args,
-                                const std::string& input, int safetyTimeoutSeconds = 300) {
+                                const std::string& input, int safetyTimeoutSeconds = 300,
+                                std::size_t memoryLimitMiB = 0) {
     ::signal(SIGPIPE, SIG_IGN);  // a child that stops reading must not kill the test
     ProcessResult result;
     int inPipe[2], outPipe[2], errPipe[2];
@@ -73,6 +78,17 @@ inline ProcessResult runProcess(const std::string& binary, const std::vector<std
 
     pid_t pid = ::fork();
     if (pid == 0) {
+        if (memoryLimitMiB > 0) {
+#if defined(__SANITIZE_ADDRESS__)
+            std::string options = "hard_rss_limit_mb=" + std::to_string(memoryLimitMiB);
+            if (const char* given = ::getenv("ASAN_OPTIONS")) options = std::string(given) + ":" + options;
+            ::setenv("ASAN_OPTIONS", options.c_str(), 1);
+#else
+            rlimit limit{};
+            limit.rlim_cur = limit.rlim_max = static_cast<rlim_t>(memoryLimitMiB) << 20;
+            ::setrlimit(RLIMIT_DATA, &limit);
+#endif
+        }
         ::dup2(inPipe[0], 0);
         ::dup2(outPipe[1], 1);
         ::dup2(errPipe[1], 2);

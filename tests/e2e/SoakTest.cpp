@@ -149,6 +149,9 @@ public:
         ::close(out[1]);
         toServer = in[1];
         fromServer = out[0];
+        // Writes must never block: the server stops reading while its own
+        // answers wait in a full pipe.
+        ::fcntl(toServer, F_SETFL, ::fcntl(toServer, F_GETFL) | O_NONBLOCK);
     }
     ~LiveServer() {
         if (toServer >= 0) ::close(toServer);
