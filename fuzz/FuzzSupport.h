@@ -81,8 +81,9 @@ inline void* runWork(void* argument) {
 // as told above. One long-lived thread rather than a thread per input, as the
 // sanitizers keep bookkeeping for every thread that ever ran.
 inline void runGuarded(unsigned allowed, const std::function<void()>& body) {
-    static std::mutex mutex;
-    static std::condition_variable changed;
+    // Never destroyed: the worker waits on them until the process ends.
+    static std::mutex& mutex = *new std::mutex;
+    static std::condition_variable& changed = *new std::condition_variable;
     static detail::Work* pending = nullptr;
     static bool done = false;
     static const bool started = [] {
