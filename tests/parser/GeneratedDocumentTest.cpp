@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "../../bench/generator/QuorDocuments.h"
+#include "BigStack.h"
 #include "diagnostics/DiagnosticEngine.h"
 #include "lexer/Lexer.h"
 #include "parser/Parser.h"
@@ -21,19 +22,23 @@ struct ParseOutcome {
     bool hasProgram = false;
 };
 
+// Parsed, and the tree freed, on a stack as large as the server's: the
+// adversarial documents nest deeper than a test thread's stack allows.
 ParseOutcome scanAndParse(const std::string& text) {
-    std::ostringstream sink;
-    diagnostics::DiagnosticEngine engine(sink);
-    lexer::Lexer scanner(text, "generated.quor", &engine);
-    std::vector<lexer::Token> tokens = scanner.tokenizeAll();
     ParseOutcome outcome;
-    if (!engine.hasErrors()) {
-        Parser parser(tokens, "generated.quor", &engine);
-        auto program = parser.parseProgram();
-        outcome.hasProgram = program != nullptr;
-        if (program) outcome.declarations = program->declarations.size();
-    }
-    outcome.diagnostics = engine.getDiagnostics();
+    testing::runOnBigStack([&] {
+        std::ostringstream sink;
+        diagnostics::DiagnosticEngine engine(sink);
+        lexer::Lexer scanner(text, "generated.quor", &engine);
+        std::vector<lexer::Token> tokens = scanner.tokenizeAll();
+        if (!engine.hasErrors()) {
+            Parser parser(tokens, "generated.quor", &engine);
+            auto program = parser.parseProgram();
+            outcome.hasProgram = program != nullptr;
+            if (program) outcome.declarations = program->declarations.size();
+        }
+        outcome.diagnostics = engine.getDiagnostics();
+    });
     return outcome;
 }
 
