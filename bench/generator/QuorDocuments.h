@@ -399,35 +399,29 @@ inline std::string lessThanChainDocument() {
     return out;
 }
 
+// `head`, then `depth` openers, `core`, as many closers, and `tail`.
+inline std::string nestedDocument(std::string_view head, char opener, std::string_view core, char closer,
+                                  std::string_view tail, std::size_t depth = 100000) {
+    std::string out(head);
+    out.append(depth, opener);
+    out.append(core);
+    out.append(depth, closer);
+    out.append(tail);
+    return out;
+}
+
 // One expression nested 100,000 parentheses deep.
 inline std::string nestedParenthesesDocument() {
-    std::string out = "fn deepParentheses(): int {\n    return ";
-    out.append(100000, '(');
-    out.push_back('1');
-    out.append(100000, ')');
-    out.append(";\n}\n");
-    return out;
+    return nestedDocument("fn deepParentheses(): int {\n    return ", '(', "1", ')', ";\n}\n");
 }
 
 // One array literal nested 100,000 brackets deep.
 inline std::string nestedBracketsDocument() {
-    std::string out = "fn deepBrackets() {\n    let deep = ";
-    out.append(100000, '[');
-    out.push_back('1');
-    out.append(100000, ']');
-    out.append(";\n}\n");
-    return out;
+    return nestedDocument("fn deepBrackets() {\n    let deep = ", '[', "1", ']', ";\n}\n");
 }
 
 // A function body of 100,000 nested blocks.
-inline std::string nestedBlocksDocument() {
-    std::string out = "fn deepBlocks() ";
-    out.append(100000, '{');
-    out.append("\n");
-    out.append(100000, '}');
-    out.append("\n");
-    return out;
-}
+inline std::string nestedBlocksDocument() { return nestedDocument("fn deepBlocks() ", '{', "\n", '}', "\n"); }
 
 // 20,000 functions, each below a two-line doc block.
 inline std::string docBlocksDocument() {
