@@ -25,17 +25,6 @@
 
 namespace {
 
-quor::fmt::FormatOptions serverOptions() {
-    quor::fmt::FormatOptions options;
-    options.indentSize = 4;
-    options.useTabs = false;
-    options.maxBlankLines = 1;
-    options.spaceAroundOperators = true;
-    options.spaceAfterColon = true;
-    options.spaceAfterComma = true;
-    return options;
-}
-
 struct Scan {
     bool clean = false;
     std::vector<quor::lexer::Token> tokens;
@@ -72,7 +61,8 @@ bool anyTokenOverSeveralLines(const Scan& scan) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     quor::fuzz::runGuarded(quor::fuzz::ALLOW_NOTHING, [&] {
-        const quor::fmt::Formatter formatter(serverOptions());
+        // The defaults are the settings the server formats with.
+        const quor::fmt::Formatter formatter(quor::fmt::FormatOptions{});
         const std::string once = formatter.format(text);
         if (once == text) return;
         const Scan before = scanWithComments(text);
