@@ -9,7 +9,9 @@
 # Defaults: 15 seconds, build/fuzz-ci. FUZZ_JOBS targets run side by side
 # (default 2). Seeds are read from fuzz/corpus/<target> and, for targets that
 # read Quor text, from examples/; what the run adds goes to a scratch
-# directory, so the tree's corpora stay small.
+# directory, so the tree's corpora stay small. Set FUZZ_KEEP to a directory
+# to keep each target's log and grown corpus there (for the long runs that
+# docs/reliability.md records).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-15}
@@ -37,8 +39,13 @@ cmake -S . -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=
   -DCMAKE_CXX_FLAGS="-O1 -gline-tables-only" -DQUOR_BUILD_FUZZERS=ON -DQUOR_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j "$(nproc 2>/dev/null || echo 2)" --target fuzzers
 
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
+if [ -n "${FUZZ_KEEP:-}" ]; then
+  scratch=$FUZZ_KEEP
+  mkdir -p "$scratch"
+else
+  scratch=$(mktemp -d)
+  trap 'rm -rf "$scratch"' EXIT
+fi
 artifacts="$build/artifacts"
 mkdir -p "$artifacts"
 
