@@ -117,10 +117,10 @@ bool implementsMethod(const ClassType& classType, const MemberMethod& required) 
 // caller is looked at. Walk 2 checks the declarations; such a function is
 // checked again there. Other top-level statements are not checked.
 void TypeChecker::visit(const ast::Program& node) {
-    // Room for the types of the expressions to come, so that the table is
-    // not rebuilt again and again while it grows; a declaration of a real
+    // Room for the types of the expressions to come, so that the record is
+    // not copied again and again while it grows; a declaration of a real
     // program holds about a dozen expressions.
-    exprTypes.reserve(exprTypes.size() + node.declarations.size() * EXPRESSIONS_PER_DECLARATION);
+    exprTypes.reserveMore(node.declarations.size() * EXPRESSIONS_PER_DECLARATION);
     for (const auto& declaration : node.declarations) {
         if (!declaration || declaration->nodeKind != NodeKind::FunctionDecl) continue;
         const auto& function = static_cast<const ast::FunctionDecl&>(*declaration);

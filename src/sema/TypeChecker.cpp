@@ -12,7 +12,7 @@ TypePtr TypeChecker::checkExpr(const ast::ExpressionNode& node) {
     // A visit that found nothing to give (a symbol without a type, a type
     // text that names nothing) leaves null: that is the error type, silently.
     if (!currentType) currentType = types.errorType;
-    exprTypes[&node] = currentType;
+    exprTypes.record(&node, currentType);
     return currentType;
 }
 

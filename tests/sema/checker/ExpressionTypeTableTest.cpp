@@ -1,5 +1,6 @@
-// The checker's table of expression types: one entry per node, found by the
-// node's identity, overwritten in place, and kept through any growth.
+// The checker's record of expression types: one entry per node, found by the
+// node's identity, the last write winning, kept through any growth and in
+// the order in which the nodes were first recorded.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -25,7 +26,7 @@ TEST(ExpressionTypeTable, EveryNodeKeepsItsOwnTypeThroughGrowth) {
     sema::TypeContext types;
     auto made = nodes(5000);
     ExpressionTypeTable table;
-    for (std::size_t i = 0; i < made.size(); ++i) table[made[i].get()] = i % 2 ? types.intType : types.stringType;
+    for (std::size_t i = 0; i < made.size(); ++i) table.record(made[i].get(), i % 2 ? types.intType : types.stringType);
     ASSERT_EQ(table.size(), 5000u);
     for (std::size_t i = 0; i < made.size(); ++i) {
         EXPECT_EQ(table.at(made[i].get()), i % 2 ? types.intType : types.stringType) << i;
@@ -43,8 +44,8 @@ TEST(ExpressionTypeTable, ASecondWriteForOneNodeOverwritesTheFirst) {
     sema::TypeContext types;
     auto made = nodes(1);
     ExpressionTypeTable table;
-    table[made[0].get()] = types.intType;
-    table[made[0].get()] = types.boolType;
+    table.record(made[0].get(), types.intType);
+    table.record(made[0].get(), types.boolType);
     EXPECT_EQ(table.size(), 1u);
     EXPECT_EQ(table.at(made[0].get()), types.boolType);
 }
@@ -55,7 +56,7 @@ TEST(ExpressionTypeTable, AnUnrecordedNodeIsNotFound) {
     ExpressionTypeTable table;
     EXPECT_TRUE(table.empty());
     EXPECT_EQ(table.find(made[0].get()), table.end());
-    table[made[1].get()] = types.intType;
+    table.record(made[1].get(), types.intType);
     EXPECT_EQ(table.find(made[0].get()), table.end());
     EXPECT_EQ(table.count(made[2].get()), 0u);
     EXPECT_EQ(table.find(made[1].get())->second, types.intType);
@@ -66,10 +67,35 @@ TEST(ExpressionTypeTable, ReservingKeepsWhatIsRecorded) {
     sema::TypeContext types;
     auto made = nodes(10);
     ExpressionTypeTable table;
-    for (auto& node : made) table[node.get()] = types.charType;
-    table.reserve(100000);
+    for (auto& node : made) table.record(node.get(), types.charType);
+    table.reserveMore(100000);
     EXPECT_EQ(table.size(), 10u);
     for (auto& node : made) EXPECT_EQ(table.at(node.get()), types.charType);
+}
+
+TEST(ExpressionTypeTable, AWriteAfterAReadIsSeenByTheNextRead) {
+    sema::TypeContext types;
+    auto made = nodes(3);
+    ExpressionTypeTable table;
+    table.record(made[0].get(), types.intType);
+    EXPECT_EQ(table.size(), 1u);
+    table.record(made[1].get(), types.stringType);
+    table.record(made[0].get(), types.charType);
+    EXPECT_EQ(table.size(), 2u);
+    EXPECT_EQ(table.at(made[0].get()), types.charType);
+    EXPECT_EQ(table.at(made[1].get()), types.stringType);
+    EXPECT_EQ(table.count(made[2].get()), 0u);
+}
+
+TEST(ExpressionTypeTable, EntriesComeInTheOrderTheirNodesWereFirstRecorded) {
+    sema::TypeContext types;
+    auto made = nodes(4);
+    ExpressionTypeTable table;
+    for (int i : {2, 0, 3, 0, 1}) table.record(made[static_cast<std::size_t>(i)].get(), types.intType);
+    std::vector<const ast::ExpressionNode*> order;
+    for (const auto& entry : table) order.push_back(entry.first);
+    std::vector<const ast::ExpressionNode*> expected{made[2].get(), made[0].get(), made[3].get(), made[1].get()};
+    EXPECT_EQ(order, expected);
 }
 
 }  // namespace
