@@ -1,0 +1,221 @@
+#include "alloc/ChunkAllocator.h"
+
+#include <atomic>
+#include <cstdint>
+#include <cstdlib>
+#include <mutex>
+#include <new>
+
+namespace quor::alloc {
+
+namespace {
+
+// A chunk starts with its bookkeeping. Only the thread that cuts blocks
+// from it (its owner) counts them, with plain loads and stores: counting
+// with atomic read-modify-writes on every new and delete cost more than the
+// merging this allocator saves. Other threads count the blocks they free in
+// `remoteFreed`. The chunk is empty once its owner has stopped cutting
+// (`sealed`) and every block it cut was freed, its own or by others
+// (`ownerLive == remoteFreed`); whoever sees that first, and wins `claimed`,
+// pools it.
+struct Chunk {
+    std::atomic<std::uint32_t> ownerLive;    // cut minus freed by the owner; the owner alone writes it
+    std::atomic<std::uint32_t> remoteFreed;  // freed by other threads
+    std::atomic<bool> sealed;
+    std::atomic<bool> claimed;
+    const void* owner;  // the owning thread's CurrentChunk
+    std::uint64_t reserved;
+};
+
+// Eight bytes before every block. A small block's header says how far the
+// block is from its chunk and how far the next block starts; a large block,
+// taken from the C library, has zero for the distance (no small block sits
+// at the chunk's start, where the bookkeeping is).
+struct BlockHeader {
+    std::uint32_t chunkOffset;
+    std::uint32_t blockSize;
+};
+
+constexpr std::size_t ALIGNMENT = 16;
+constexpr std::size_t HEADER = sizeof(BlockHeader);
+// Where the first block of a chunk starts: after the bookkeeping and the
+// block's header, on an aligned address. Blocks are then a multiple of
+// ALIGNMENT apart, each header in the last 8 bytes of the block before.
+constexpr std::size_t FIRST_BLOCK = sizeof(Chunk) + ALIGNMENT;
+// A large block keeps its header in the second half of 16 extra bytes, so
+// that it too is aligned.
+constexpr std::size_t LARGE_PREFIX = 16;
+static_assert(sizeof(Chunk) % ALIGNMENT == 0, "blocks must start on an aligned address");
+static_assert(CHUNK_SIZE <= UINT32_MAX, "offsets within a chunk are 32-bit");
+
+// The chunk a thread is cutting from. Plain data, so reading it costs no
+// guard; `sealer` gives the chunk up when the thread ends.
+struct CurrentChunk {
+    Chunk* chunk;
+    char* next;
+    char* limit;
+    bool sealerArmed;
+};
+constinit thread_local CurrentChunk current{};
+
+struct Pool {
+    std::mutex lock;
+    Chunk* empty[MAX_POOLED_CHUNKS];
+    std::size_t pooled = 0;
+    std::size_t made = 0;
+};
+
+// Never destroyed: blocks are freed during and after static destruction.
+Pool& pool() {
+    static Pool* shared = new Pool();
+    return *shared;
+}
+
+void putInPool(Chunk* chunk) {
+    Pool& shared = pool();
+    {
+        std::lock_guard<std::mutex> guard(shared.lock);
+        if (shared.pooled < MAX_POOLED_CHUNKS) {
+            shared.empty[shared.pooled++] = chunk;
+            return;
+        }
+        --shared.made;
+    }
+    chunk->~Chunk();
+    std::free(chunk);
+}
+
+Chunk* takeFromPool() {
+    Pool& shared = pool();
+    {
+        std::lock_guard<std::mutex> guard(shared.lock);
+        if (shared.pooled > 0) return shared.empty[--shared.pooled];
+        ++shared.made;
+    }
+    void* memory = std::malloc(CHUNK_SIZE);
+    if (memory == nullptr) {
+        std::lock_guard<std::mutex> guard(shared.lock);
+        --shared.made;
+        throw std::bad_alloc();
+    }
+    return new (memory) Chunk{};
+}
+
+void poolOnce(Chunk* chunk) {
+    if (!chunk->claimed.exchange(true, std::memory_order_acq_rel)) putInPool(chunk);
+}
+
+// Whether every block the owner cut has been freed. The fence pairs with the
+// read-modify-write in releaseRemote: of an owner that has just written its
+// count and a thread that has just freed the last block elsewhere, at least
+// one sees the other's write.
+bool allFreed(Chunk* chunk, std::uint32_t ownerLive) {
+    std::atomic_thread_fence(std::memory_order_seq_cst);
+    return ownerLive == chunk->remoteFreed.load(std::memory_order_acquire);
+}
+
+// The thread gives up its current chunk; its blocks keep it out of the pool
+// until they are freed.
+void sealCurrent() {
+    if (Chunk* chunk = current.chunk) {
+        chunk->sealed.store(true, std::memory_order_release);
+        if (allFreed(chunk, chunk->ownerLive.load(std::memory_order_relaxed))) poolOnce(chunk);
+    }
+    current = CurrentChunk{nullptr, nullptr, nullptr, current.sealerArmed};
+}
+
+struct Sealer {
+    ~Sealer() { sealCurrent(); }
+};
+thread_local Sealer sealer;
+
+char* startChunk() {
+    if (!current.sealerArmed) {
+        current.sealerArmed = true;
+        (void)&sealer;  // constructs it, so that it runs at thread exit
+    }
+    Chunk* fresh = takeFromPool();
+    fresh->ownerLive.store(0, std::memory_order_relaxed);
+    fresh->remoteFreed.store(0, std::memory_order_relaxed);
+    fresh->sealed.store(false, std::memory_order_relaxed);
+    fresh->claimed.store(false, std::memory_order_relaxed);
+    fresh->owner = &current;
+    sealCurrent();
+    current.chunk = fresh;
+    current.next = reinterpret_cast<char*>(fresh) + FIRST_BLOCK;
+    current.limit = reinterpret_cast<char*>(fresh) + CHUNK_SIZE;
+    return current.next;
+}
+
+void* allocateLarge(std::size_t size) {
+    if (size > SIZE_MAX - LARGE_PREFIX) throw std::bad_alloc();
+    char* memory = static_cast<char*>(std::malloc(size + LARGE_PREFIX));
+    if (memory == nullptr) throw std::bad_alloc();
+    auto* header = reinterpret_cast<BlockHeader*>(memory + LARGE_PREFIX - HEADER);
+    *header = BlockHeader{0, 0};
+    return memory + LARGE_PREFIX;
+}
+
+void releaseRemote(Chunk* chunk) {
+    const std::uint32_t freed = chunk->remoteFreed.fetch_add(1, std::memory_order_seq_cst) + 1;
+    if (chunk->sealed.load(std::memory_order_seq_cst) && chunk->ownerLive.load(std::memory_order_seq_cst) == freed) {
+        poolOnce(chunk);
+    }
+}
+
+}  // namespace
+
+void* allocate(std::size_t size) {
+    if (size > MAX_SMALL_BLOCK) return allocateLarge(size);
+    const std::size_t total = (size + HEADER + ALIGNMENT - 1) & ~(ALIGNMENT - 1);
+    char* at = current.next;
+    if (static_cast<std::size_t>(current.limit - at) < total) at = startChunk();
+    current.next = at + total;
+    Chunk* chunk = current.chunk;
+    chunk->ownerLive.store(chunk->ownerLive.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+    auto* header = reinterpret_cast<BlockHeader*>(at - HEADER);
+    *header = BlockHeader{static_cast<std::uint32_t>(at - reinterpret_cast<char*>(chunk)),
+                          static_cast<std::uint32_t>(total)};
+    return at;
+}
+
+void release(void* block) noexcept {
+    if (block == nullptr) return;
+    char* at = static_cast<char*>(block);
+    const BlockHeader header = *reinterpret_cast<const BlockHeader*>(at - HEADER);
+    if (header.chunkOffset == 0) {
+        std::free(at - LARGE_PREFIX);
+        return;
+    }
+    auto* chunk = reinterpret_cast<Chunk*>(at - header.chunkOffset);
+    if (chunk->owner != &current) {
+        releaseRemote(chunk);
+        return;
+    }
+    const std::uint32_t live = chunk->ownerLive.load(std::memory_order_relaxed) - 1;
+    chunk->ownerLive.store(live, std::memory_order_relaxed);
+    if (chunk == current.chunk) {
+        // A block of the chunk being cut. The block cut last gives its space
+        // back at once (the temporaries of a pass mostly die young), and a
+        // chunk left with no block, none ever freed elsewhere, starts again
+        // from its beginning.
+        if (at + header.blockSize == current.next) current.next = at;
+        if (live == 0 && chunk->remoteFreed.load(std::memory_order_relaxed) == 0) {
+            current.next = reinterpret_cast<char*>(chunk) + FIRST_BLOCK;
+        }
+        return;
+    }
+    // A sealed chunk of this thread. With no block ever freed elsewhere, a
+    // count of zero settles it: no other thread can hold one of its blocks.
+    if (chunk->remoteFreed.load(std::memory_order_relaxed) == 0 ? live == 0 : allFreed(chunk, live)) {
+        poolOnce(chunk);
+    }
+}
+
+ChunkStatistics chunkStatistics() {
+    Pool& shared = pool();
+    std::lock_guard<std::mutex> guard(shared.lock);
+    return ChunkStatistics{shared.made, shared.pooled};
+}
+
+}  // namespace quor::alloc

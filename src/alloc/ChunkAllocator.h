@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+
+namespace quor::alloc {
+
+// The allocator behind `operator new` in quorls and quor.
+//
+// One pass over a document makes hundreds of thousands of small objects
+// (tokens' texts, tree nodes, symbols, scopes, types) and drops them all
+// together at its end. The C library's allocator merges every freed block
+// with its neighbours and, once the merged space passes 64 KiB, sweeps all
+// its small free lists at each further free; over a tree of tens of
+// megabytes those sweeps and merges cost a quarter of a pass, and grow
+// faster than the document because they miss the cache.
+//
+// Here a small block is cut from the current chunk of its thread by moving
+// a pointer, and each chunk counts its live blocks. Freeing a block only
+// lowers the count (or, for the block cut last, moves the pointer back);
+// a chunk whose count reaches zero is empty and goes to a pool from which
+// the next pass takes it whole. Blocks of any thread may be freed on any
+// other. Larger requests go to the C library.
+inline constexpr std::size_t MAX_SMALL_BLOCK = 1024;
+inline constexpr std::size_t CHUNK_SIZE = 256 * 1024;
+// Empty chunks kept for the next pass; beyond these they go back to the C
+// library, so that memory taken by one huge document is given back.
+inline constexpr std::size_t MAX_POOLED_CHUNKS = 256;
+
+// At least `size` bytes, aligned to 16; throws std::bad_alloc when memory
+// runs out.
+void* allocate(std::size_t size);
+// Gives back a block from `allocate`, on any thread; null is ignored.
+void release(void* block) noexcept;
+
+// Chunks taken from the C library so far and empty chunks in the pool, for
+// tests and benchmarks.
+struct ChunkStatistics {
+    std::size_t made = 0;
+    std::size_t pooled = 0;
+};
+ChunkStatistics chunkStatistics();
+
+}  // namespace quor::alloc
