@@ -42,7 +42,7 @@ constexpr std::size_t HEADER = sizeof(BlockHeader);
 // block's header, on an aligned address. Blocks are then a multiple of
 // ALIGNMENT apart, each header in the last 8 bytes of the block before.
 constexpr std::size_t FIRST_BLOCK = sizeof(Chunk) + ALIGNMENT;
-// A large block keeps its header in the second half of 16 extra bytes, so
+// A large block has 16 bytes in front: its capacity, then its header, so
 // that it too is aligned.
 constexpr std::size_t LARGE_PREFIX = 16;
 static_assert(sizeof(Chunk) % ALIGNMENT == 0, "blocks must start on an aligned address");
@@ -63,6 +63,10 @@ struct Pool {
     Chunk* empty[MAX_POOLED_CHUNKS];
     std::size_t pooled = 0;
     std::size_t made = 0;
+    // Large blocks kept for reuse, oldest first, by their memory's start.
+    char* kept[MAX_KEPT_LARGE_BLOCKS];
+    std::size_t keptCount = 0;
+    std::size_t keptBytes = 0;
 };
 
 // Never destroyed: blocks are freed during and after static destruction.
@@ -147,13 +151,68 @@ char* startChunk() {
     return current.next;
 }
 
+std::size_t capacityOf(const char* memory) { return *reinterpret_cast<const std::size_t*>(memory); }
+
+void forgetKept(Pool& shared, std::size_t index) {
+    shared.keptBytes -= capacityOf(shared.kept[index]);
+    for (std::size_t i = index + 1; i < shared.keptCount; ++i) shared.kept[i - 1] = shared.kept[i];
+    --shared.keptCount;
+}
+
+// The smallest kept block that holds `size` bytes and is at most twice as
+// large, taken out of the keep; null when there is none.
+char* takeKept(std::size_t size) {
+    Pool& shared = pool();
+    std::lock_guard<std::mutex> guard(shared.lock);
+    std::size_t best = shared.keptCount;
+    for (std::size_t i = 0; i < shared.keptCount; ++i) {
+        const std::size_t capacity = capacityOf(shared.kept[i]);
+        if (capacity < size || capacity / 2 > size) continue;
+        if (best == shared.keptCount || capacity < capacityOf(shared.kept[best])) best = i;
+    }
+    if (best == shared.keptCount) return nullptr;
+    char* memory = shared.kept[best];
+    forgetKept(shared, best);
+    return memory;
+}
+
+// Keeps a freed large block, handing back the oldest kept ones when the
+// keep would pass its limits; false when the block is not to be kept.
+bool keep(char* memory) {
+    const std::size_t capacity = capacityOf(memory);
+    if (capacity < KEPT_LARGE_MIN || capacity > MAX_KEPT_LARGE_BYTES) return false;
+    Pool& shared = pool();
+    char* handBack[MAX_KEPT_LARGE_BLOCKS];
+    std::size_t handed = 0;
+    {
+        std::lock_guard<std::mutex> guard(shared.lock);
+        while (shared.keptCount == MAX_KEPT_LARGE_BLOCKS || shared.keptBytes + capacity > MAX_KEPT_LARGE_BYTES) {
+            handBack[handed++] = shared.kept[0];
+            forgetKept(shared, 0);
+        }
+        shared.kept[shared.keptCount++] = memory;
+        shared.keptBytes += capacity;
+    }
+    for (std::size_t i = 0; i < handed; ++i) std::free(handBack[i]);
+    return true;
+}
+
 void* allocateLarge(std::size_t size) {
     if (size > SIZE_MAX - LARGE_PREFIX) throw std::bad_alloc();
-    char* memory = static_cast<char*>(std::malloc(size + LARGE_PREFIX));
-    if (memory == nullptr) throw std::bad_alloc();
+    char* memory = size >= KEPT_LARGE_MIN ? takeKept(size) : nullptr;
+    if (memory == nullptr) {
+        memory = static_cast<char*>(std::malloc(size + LARGE_PREFIX));
+        if (memory == nullptr) throw std::bad_alloc();
+        *reinterpret_cast<std::size_t*>(memory) = size;
+    }
     auto* header = reinterpret_cast<BlockHeader*>(memory + LARGE_PREFIX - HEADER);
     *header = BlockHeader{0, 0};
     return memory + LARGE_PREFIX;
+}
+
+void releaseLarge(char* block) {
+    char* memory = block - LARGE_PREFIX;
+    if (!keep(memory)) std::free(memory);
 }
 
 void releaseRemote(Chunk* chunk) {
@@ -184,7 +243,7 @@ void release(void* block) noexcept {
     char* at = static_cast<char*>(block);
     const BlockHeader header = *reinterpret_cast<const BlockHeader*>(at - HEADER);
     if (header.chunkOffset == 0) {
-        std::free(at - LARGE_PREFIX);
+        releaseLarge(at);
         return;
     }
     auto* chunk = reinterpret_cast<Chunk*>(at - header.chunkOffset);
@@ -215,7 +274,7 @@ void release(void* block) noexcept {
 ChunkStatistics chunkStatistics() {
     Pool& shared = pool();
     std::lock_guard<std::mutex> guard(shared.lock);
-    return ChunkStatistics{shared.made, shared.pooled};
+    return ChunkStatistics{shared.made, shared.pooled, shared.keptCount, shared.keptBytes};
 }
 
 }  // namespace quor::alloc

@@ -19,12 +19,22 @@ namespace quor::alloc {
 // lowers the count (or, for the block cut last, moves the pointer back);
 // a chunk whose count reaches zero is empty and goes to a pool from which
 // the next pass takes it whole. Blocks of any thread may be freed on any
-// other. Larger requests go to the C library.
+// other. Larger requests go to the C library, but the largest of them (a
+// document's token array, the checker's record) are kept when freed, a few
+// at a time, for the next pass to take again: handing such a block back
+// unmaps it, and mapping it again costs a page fault for every 4 KiB the
+// next pass touches.
 inline constexpr std::size_t MAX_SMALL_BLOCK = 1024;
 inline constexpr std::size_t CHUNK_SIZE = 256 * 1024;
 // Empty chunks kept for the next pass; beyond these they go back to the C
 // library, so that memory taken by one huge document is given back.
 inline constexpr std::size_t MAX_POOLED_CHUNKS = 256;
+
+// Large blocks of at least this size are kept for reuse when freed, up to
+// the two limits below; a request takes a kept block at most twice its size.
+inline constexpr std::size_t KEPT_LARGE_MIN = 256 * 1024;
+inline constexpr std::size_t MAX_KEPT_LARGE_BLOCKS = 16;
+inline constexpr std::size_t MAX_KEPT_LARGE_BYTES = 256 * 1024 * 1024;
 
 // At least `size` bytes, aligned to 16; throws std::bad_alloc when memory
 // runs out.
@@ -32,11 +42,13 @@ void* allocate(std::size_t size);
 // Gives back a block from `allocate`, on any thread; null is ignored.
 void release(void* block) noexcept;
 
-// Chunks taken from the C library so far and empty chunks in the pool, for
-// tests and benchmarks.
+// Chunks taken from the C library so far, empty chunks in the pool, and
+// large blocks kept for reuse, for tests and benchmarks.
 struct ChunkStatistics {
     std::size_t made = 0;
     std::size_t pooled = 0;
+    std::size_t keptLargeBlocks = 0;
+    std::size_t keptLargeBytes = 0;
 };
 ChunkStatistics chunkStatistics();
 

@@ -137,6 +137,44 @@ TEST(ChunkAllocator, LargeBlocksAreAlignedAndGoBackWhole) {
     release(block);
 }
 
+TEST(ChunkAllocator, AFreedLargeBlockIsTakenAgainByARequestOfAboutItsSize) {
+    // An odd size, so that no block kept by the tests before is a closer fit.
+    const std::size_t size = 3 * KEPT_LARGE_MIN + 12345;
+    void* first = allocate(size);
+    release(first);
+    void* second = allocate(size - 16);
+    EXPECT_EQ(second, first);
+    release(second);
+}
+
+TEST(ChunkAllocator, AKeptLargeBlockIsNotGivenToARequestOfLessThanHalfItsSize) {
+    const std::size_t size = 8 * KEPT_LARGE_MIN;
+    void* big = allocate(size);
+    release(big);
+    void* small = allocate(size / 2 - 16);
+    EXPECT_NE(small, big);
+    void* again = allocate(size);
+    EXPECT_EQ(again, big);
+    release(small);
+    release(again);
+}
+
+TEST(ChunkAllocator, TheKeepOfLargeBlocksStaysWithinItsLimits) {
+    std::vector<void*> blocks;
+    for (std::size_t i = 0; i < 3 * MAX_KEPT_LARGE_BLOCKS; ++i) blocks.push_back(allocate(KEPT_LARGE_MIN + i * 4096));
+    releaseAll(blocks);
+    EXPECT_EQ(chunkStatistics().keptLargeBlocks, MAX_KEPT_LARGE_BLOCKS);
+    void* huge = allocate(MAX_KEPT_LARGE_BYTES / 2 + 1);
+    void* other = allocate(MAX_KEPT_LARGE_BYTES / 2 + 1);
+    release(huge);
+    release(other);
+    EXPECT_LE(chunkStatistics().keptLargeBytes, MAX_KEPT_LARGE_BYTES);
+    void* beyond = allocate(MAX_KEPT_LARGE_BYTES + 1);
+    const std::size_t keptBefore = chunkStatistics().keptLargeBytes;
+    release(beyond);
+    EXPECT_EQ(chunkStatistics().keptLargeBytes, keptBefore);
+}
+
 TEST(ChunkAllocator, ARequestNoMemoryCanHoldThrowsBadAlloc) {
     EXPECT_THROW(allocate(SIZE_MAX), std::bad_alloc);
     EXPECT_THROW(allocate(SIZE_MAX - 8), std::bad_alloc);
