@@ -1,5 +1,7 @@
 #include <array>
-#include <unordered_map>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
 
 #include "lexer/Lexer.h"
 
@@ -86,27 +88,43 @@ constexpr std::array<Keyword, 70> QUOR_KEYWORDS = {{
     {"byte", TokenType::Byte},
 }};
 
-using KeywordMap = std::unordered_map<std::string_view, TokenType>;
+// The reserved words by a hash of their length and first and last bytes,
+// in an open-addressed table made from QUOR_KEYWORDS when compiling: a word
+// is looked up with a few byte reads and at most a few comparisons.
+constexpr std::size_t KEYWORD_SLOTS = 256;
+constexpr std::uint8_t NO_KEYWORD = 0xff;
 
-// Built once from the table; the keys point at the table's constant strings.
-const KeywordMap& keywordMap() {
-    static const KeywordMap map = [] {
-        KeywordMap built;
-        built.reserve(QUOR_KEYWORDS.size());
-        for (const Keyword& keyword : QUOR_KEYWORDS) {
-            built.emplace(keyword.word, keyword.type);
-        }
-        return built;
-    }();
-    return map;
+constexpr std::size_t keywordHash(std::string_view word) {
+    return (word.size() * 37 + static_cast<unsigned char>(word.front()) * 5 +
+            static_cast<unsigned char>(word.back())) % KEYWORD_SLOTS;
 }
+
+constexpr std::array<std::uint8_t, KEYWORD_SLOTS> KEYWORD_SLOT_TABLE = [] {
+    std::array<std::uint8_t, KEYWORD_SLOTS> slots{};
+    for (auto& slot : slots) slot = NO_KEYWORD;
+    for (std::size_t i = 0; i < QUOR_KEYWORDS.size(); ++i) {
+        std::size_t slot = keywordHash(QUOR_KEYWORDS[i].word);
+        while (slots[slot] != NO_KEYWORD) slot = (slot + 1) % KEYWORD_SLOTS;
+        slots[slot] = static_cast<std::uint8_t>(i);
+    }
+    return slots;
+}();
+
+constexpr std::size_t LONGEST_KEYWORD = [] {
+    std::size_t longest = 0;
+    for (const Keyword& keyword : QUOR_KEYWORDS) longest = keyword.word.size() > longest ? keyword.word.size() : longest;
+    return longest;
+}();
 
 }  // namespace
 
 TokenType Lexer::lookupKeyword(std::string_view word) {
-    const KeywordMap& map = keywordMap();
-    auto found = map.find(word);
-    return found == map.end() ? TokenType::Identifier : found->second;
+    if (word.empty() || word.size() > LONGEST_KEYWORD) return TokenType::Identifier;
+    for (std::size_t slot = keywordHash(word);; slot = (slot + 1) % KEYWORD_SLOTS) {
+        const std::uint8_t index = KEYWORD_SLOT_TABLE[slot];
+        if (index == NO_KEYWORD) return TokenType::Identifier;
+        if (QUOR_KEYWORDS[index].word == word) return QUOR_KEYWORDS[index].type;
+    }
 }
 
 }  // namespace quor::lexer

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "LexerTestSupport.h"
 
@@ -133,6 +134,19 @@ TEST(Keywords, LookupComparesTextNotAddress) {
     std::string_view slice = std::string_view("xreturnx").substr(1, 6);
     EXPECT_EQ(Lexer::lookupKeyword(slice), TokenType::Return);
 }
+
+// Words a keyword lookup could confuse with a reserved word: same length and
+// same first and last bytes, a prefix or an extension of one, another case,
+// longer than any reserved word, or a single byte.
+TEST(Keywords, WordsCloseToReservedWordsAreIdentifiers) {
+    for (std::string_view word : {"fun", "fm", "cmass", "clasS", "Class", "classes", "clas", "inT", "unt64", "uint6",
+                                  "uint644", "implementsX", "implementation", "f", "n", "_", "if_", "i", "x1",
+                                  "trve", "fals", "nulll", "interfaced", "protectedly", "abcdefghijklmnop"}) {
+        EXPECT_EQ(Lexer::lookupKeyword(word), TokenType::Identifier) << word;
+    }
+}
+
+TEST(Keywords, AnEmptyWordIsAnIdentifierKind) { EXPECT_EQ(Lexer::lookupKeyword(""), TokenType::Identifier); }
 
 }  // namespace
 }  // namespace quor::lexer
