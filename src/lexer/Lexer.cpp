@@ -55,20 +55,34 @@ bool Lexer::match(char expected) {
     return true;
 }
 
+// The loops below keep the position in locals: written through `this` at
+// every byte, the compiler must store and reload it around each byte read.
 void Lexer::skipWhitespace() {
-    while (!isAtEnd()) {
-        char c = peek();
-        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') {
-            return;
+    std::uint64_t at = current;
+    std::uint32_t atLine = line;
+    std::uint32_t atColumn = column;
+    for (; at < source.size(); ++at) {
+        const char c = source[at];
+        if (c == '\n') {
+            ++atLine;
+            atColumn = 1;
+        } else if (c == ' ' || c == '\t' || c == '\r') {
+            ++atColumn;
+        } else {
+            break;
         }
-        advance();
     }
+    current = at;
+    line = atLine;
+    column = atColumn;
 }
 
+// For byte classes without the line break, so only the column moves.
 void Lexer::consumeWhile(bool (*accepts)(char)) {
-    while (!isAtEnd() && accepts(peek())) {
-        advance();
-    }
+    std::uint64_t at = current;
+    while (at < source.size() && accepts(source[at])) ++at;
+    column += static_cast<std::uint32_t>(at - current);
+    current = at;
 }
 
 // ---- token construction -------------------------------------------------

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <string_view>
+
 #include "diagnostics/DiagnosticCodes.h"
 #include "lexer/Lexer.h"
 
@@ -6,9 +9,11 @@ namespace quor::lexer {
 // Entered with "//" consumed. A third slash makes it a documentation comment.
 Token Lexer::scanSingleLineComment() {
     TokenType type = peek() == '/' ? TokenType::DocComment : TokenType::Comment;
-    while (!isAtEnd() && peek() != '\n') {
-        advance();
-    }
+    // Up to the line break, which stays for the next token; only the column moves.
+    const std::string_view rest = source.substr(current);
+    const std::size_t length = std::min(rest.find('\n'), rest.size());
+    current += length;
+    column += static_cast<std::uint32_t>(length);
     return makeToken(type);
 }
 

@@ -100,6 +100,15 @@ constexpr std::array<PrecedenceEntry, 33> PRECEDENCE_TABLE{{
     {TokenType::Dot, Precedence::Postfix},
 }};
 
+// The table above by token kind, made when compiling, so that the climb
+// reads one entry per token instead of walking the table.
+constexpr std::array<Precedence, lexer::TOKEN_TYPE_COUNT> PRECEDENCE_BY_KIND = [] {
+    std::array<Precedence, lexer::TOKEN_TYPE_COUNT> byKind{};
+    for (auto& precedence : byKind) precedence = Precedence::None;
+    for (const PrecedenceEntry& entry : PRECEDENCE_TABLE) byKind[static_cast<std::uint32_t>(entry.type)] = entry.precedence;
+    return byKind;
+}();
+
 // Tokens that may stand between the angle brackets of a call's type arguments.
 // Type keywords are allowed as well.
 constexpr std::array<TokenType, 5> TYPE_ARGUMENT_TOKENS{
@@ -228,10 +237,7 @@ bool Parser::isGenericCall(std::uint64_t index) const {
 Precedence Parser::getPrecedence(TokenType type) const {
     if (!lexer::isTokenInRange(type, TokenType::Plus, TokenType::Question)) return Precedence::None;
     if (type == TokenType::Less && isGenericCall(current)) return Precedence::Postfix;
-    for (const PrecedenceEntry& entry : PRECEDENCE_TABLE) {
-        if (entry.type == type) return entry.precedence;
-    }
-    return Precedence::None;
+    return PRECEDENCE_BY_KIND[static_cast<std::uint32_t>(type)];
 }
 
 Parser::NestingScope::NestingScope(Parser& parser) {
