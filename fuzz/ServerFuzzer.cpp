@@ -12,18 +12,24 @@
 
 namespace {
 
-// Largest message length run for real. A longer one makes the loop allocate
-// a string of that size before anything is read: that is the allocation the
-// transport is meant to make, and its failure the allowed end "too large for
-// memory", which under the sanitizer's allocator shows as a report instead.
-// A length with its top bit set still runs: it ends through the allowed
-// length error before anything is allocated.
-constexpr unsigned long long MAX_ALLOCATED_LENGTH = 1ULL << 24;
+// How far a message length may pass the bytes the stream holds. The loop
+// allocates the body at its announced length before reading it, and what the
+// stream lacks stays zero bytes: a text string cut short becomes a document
+// of zero bytes, each one unexpected character and one diagnostic. That is
+// the transport's intended behaviour, but a length of thousands beyond the
+// input costs seconds under the sanitizers (a 9,851-byte length over a
+// 352-byte stream ran past the time limit on a loaded machine) without
+// reaching any code a shorter padding does not. A far longer length would
+// also end in the allowed "too large for memory", which under the sanitizer's
+// allocator shows as a report instead. A length with its top bit set still
+// runs: it ends through the allowed length error before anything is
+// allocated.
+constexpr unsigned long long MAX_PADDING = 1024;
 constexpr unsigned long long TOP_BIT = 1ULL << 63;
 
 // True when some length header of the stream, read as the transport reads
-// it, would allocate a string too large for this harness to hold yet small
-// enough to be attempted.
+// it, announces more than the stream and the padding allowance hold, yet
+// not so much that the transport refuses it before allocating.
 bool asksForHugeBody(const std::string& stream) {
     // A header block starts wherever the body before it ended, so every
     // occurrence counts, not only those at the start of a line.
@@ -37,7 +43,7 @@ bool asksForHugeBody(const std::string& stream) {
             } catch (const std::exception&) {
                 continue;
             }
-            if (length > MAX_ALLOCATED_LENGTH && length < TOP_BIT) return true;
+            if (length > stream.size() + MAX_PADDING && length < TOP_BIT) return true;
         }
     }
     return false;

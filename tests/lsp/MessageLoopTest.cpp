@@ -57,6 +57,22 @@ TEST(MessageLoop, ShortBodyAtEndOfInputIsPaddedAndDispatchedOnce) {
     EXPECT_EQ(runSession(input), framed(R"({"id":1,"jsonrpc":"2.0","result":null})"));
 }
 
+// A document whose text string runs into the padding: every zero byte of it
+// is text, and each is an unexpected character of its own. Thousands of them
+// make one large publication, not a stall (a long fuzz run met this shape).
+TEST(MessageLoop, ADocumentCutShortIsPaddedWithZeroBytesEachReportedOnce) {
+    const std::string sent =
+        R"({"jsonrpc":"2.0","method":"textDocument/didOpen","params":{"textDocument":{"uri":"file:///f.quor","text":"x)";
+    const std::size_t padding = 5000;
+    const std::string output = runSession("Content-Length: " + std::to_string(sent.size() + padding) + "\r\n\r\n" + sent);
+    const std::string zeroByte = R"x("message":"Unexpected character: '\u0000' (Remove or replace the invalid character)")x";
+    std::size_t reports = 0;
+    for (std::size_t at = output.find(zeroByte); at != std::string::npos; at = output.find(zeroByte, at + 1)) ++reports;
+    EXPECT_EQ(reports, padding);
+    EXPECT_EQ(output.rfind("Content-Length: ", 0), 0u);
+    EXPECT_EQ(output.find("Content-Length: ", 1), std::string::npos);
+}
+
 TEST(MessageLoop, BodyIsExactlyTheAnnouncedBytes) {
     // Five bytes of a longer text: "{"id"" is an object missing its value.
     std::string input = "Content-Length: 5\r\n\r\n{\"id\":1}";
