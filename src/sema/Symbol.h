@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "diagnostics/SourceLocation.h"
+#include "sema/NameTable.h"
 #include "sema/Type.h"
 
 namespace quor::ast {
@@ -161,7 +162,7 @@ public:
 
     ScopeKind kind;
     std::shared_ptr<Scope> parent;
-    std::unordered_map<std::string, SymbolPtr> symbols;
+    NameTable<SymbolPtr> symbols;
 };
 using ScopePtr = std::shared_ptr<Scope>;
 

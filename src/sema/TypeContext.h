@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "sema/NameTable.h"
 #include "sema/Type.h"
 
 namespace quor::sema {
@@ -52,7 +53,7 @@ public:
     TypePtr voidType, nullType, boolType, int8Type, uint8Type, int16Type, uint16Type, intType, uintType,
         int64Type, uint64Type, floatType, doubleType, charType, stringType, anyType, unknownType, errorType;
 
-    std::unordered_map<std::string, TypePtr> userTypes;
+    NameTable<TypePtr> userTypes;
     std::unordered_map<std::string, TypePtr> typeCache;
 
 private:
