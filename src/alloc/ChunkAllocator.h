@@ -34,7 +34,7 @@ inline constexpr std::size_t MAX_POOLED_CHUNKS = 256;
 // the two limits below; a request takes a kept block at most twice its size.
 inline constexpr std::size_t KEPT_LARGE_MIN = 256 * 1024;
 inline constexpr std::size_t MAX_KEPT_LARGE_BLOCKS = 16;
-inline constexpr std::size_t MAX_KEPT_LARGE_BYTES = 256 * 1024 * 1024;
+inline constexpr std::size_t MAX_KEPT_LARGE_BYTES = 128 * 1024 * 1024;
 
 // At least `size` bytes, aligned to 16; throws std::bad_alloc when memory
 // runs out.
