@@ -27,14 +27,25 @@ bool readSingleFile(const Arguments& args, std::string& path, std::string& text,
 
 }  // namespace
 
+// Read in one piece when the size can be learnt up front (a regular file);
+// a pipe or a device, which cannot seek, is read to its end.
 bool readFile(const std::string& path, std::string& text) {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         return false;
     }
-    std::ostringstream buffer;
-    buffer << file.rdbuf();
-    text = buffer.str();
+    text.clear();
+    file.seekg(0, std::ios::end);
+    const std::streamoff size = file.tellg();
+    if (size > 0 && file.seekg(0)) {
+        text.resize(static_cast<std::size_t>(size));
+        file.read(text.data(), size);
+        text.resize(static_cast<std::size_t>(file.gcount()));
+    }
+    file.clear();
+    std::ostringstream rest;  // what a growing or unseekable file still holds
+    rest << file.rdbuf();
+    text += rest.str();
     return true;
 }
 

@@ -13,9 +13,8 @@ struct Output {
     int status;
 };
 
-// Runs the built tool with `arguments`, capturing standard output only.
-Output runTool(const std::string& arguments) {
-    std::string command = std::string(QUOR_CLI_BINARY) + " " + arguments + " 2>/dev/null";
+// Runs a shell command, capturing standard output only.
+Output runShell(const std::string& command) {
     Output result{"", -1};
     FILE* pipe = popen(command.c_str(), "r");
     if (pipe == nullptr) return result;
@@ -25,6 +24,11 @@ Output runTool(const std::string& arguments) {
     int raw = pclose(pipe);
     result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
     return result;
+}
+
+// Runs the built tool with `arguments`, capturing standard output only.
+Output runTool(const std::string& arguments) {
+    return runShell(std::string(QUOR_CLI_BINARY) + " " + arguments + " 2>/dev/null");
 }
 
 }  // namespace
@@ -77,4 +81,15 @@ TEST(CliBinary, CheckOfAMissingPathNextToGoodFilesExitsTwo) {
     dir.write("clean.quor", "let x = 1;\n");
     Output check = runTool("check " + dir.root + " " + dir.path("none.quor"));
     EXPECT_EQ(check.status, 2);
+}
+
+// A file that cannot seek (a pipe) is read to its end like any other.
+TEST(CliBinary, CheckReadsASourceFromAPipe) {
+    const std::string tool = std::string(QUOR_CLI_BINARY);
+    Output broken = runShell("printf 'fn main(): int { return \"x\"; }' | " + tool + " check --format json /dev/stdin");
+    EXPECT_EQ(broken.status, 1);
+    EXPECT_NE(broken.out.find("\"message\":\"Return type mismatch: expected 'int', got 'string'\""), std::string::npos)
+        << broken.out;
+    Output clean = runShell("printf 'fn main(): int { return 1; }' | " + tool + " check /dev/stdin 2>/dev/null");
+    EXPECT_EQ(clean.status, 0);
 }
