@@ -11,13 +11,13 @@
 # read Quor text, from examples/; what the run adds goes to a scratch
 # directory, so the tree's corpora stay small. Set FUZZ_KEEP to a directory
 # to keep each target's log and grown corpus there (for the long runs that
-# docs/reliability.md records).
+# docs/reliability.md records), and FUZZ_TARGETS to run only some targets.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-15}
 build=${2:-build/fuzz-ci}
 jobs=${FUZZ_JOBS:-2}
-targets=(json server lexer parser frontend analyzer formatter doc features)
+read -r -a targets <<<"${FUZZ_TARGETS:-json server lexer parser frontend analyzer formatter doc features}"
 
 have_toolchain() {
   command -v clang++ >/dev/null 2>&1 &&
