@@ -38,6 +38,12 @@ inline std::string record(const std::string& code, const std::string& message, c
     return code + "|" + message + "|" + hint + "|" + place;
 }
 
+// The report of a name declared nowhere, at its nth occurrence on `line`.
+inline std::string undefinedRecord(const std::string& source, int line, const std::string& name, int nth = 1) {
+    return record("E1002", "Undefined variable or symbol '" + name + "'", at(source, line, name, nth),
+                  "Ensure the variable is declared before use");
+}
+
 namespace detail {
 
 inline const ast::VarDeclStmt* findVariable(const ast::ASTNode* node, const std::string& name);

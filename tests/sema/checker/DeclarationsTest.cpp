@@ -50,7 +50,7 @@ TEST(CheckerProgram, ShortFormsAreSettledFirstSoTheirErrorsComeFirstAndTwice) {
                                         at(source, 4, "-"), "Operands must be numeric");
     EXPECT_EQ(analyzeSource(source),
               (Records{mismatch,
-                       record("E1002", "Undefined variable or symbol 'first'", at(source, 2, "first"), UNDEFINED_HINT),
+                       undefinedRecord(source, 2, "first"),
                        mismatch}));
 }
 
@@ -168,8 +168,7 @@ TEST(CheckerFunctions, AMissingReturnInANonVoidFunctionIsReported) {
 TEST(CheckerFunctions, TheMissingReturnComesAfterTheBodysOwnReports) {
     const std::string source = "fn f(): bool {\n    missing;\n}\n";
     EXPECT_EQ(analyzeSource(source),
-              (Records{record("E1002", "Undefined variable or symbol 'missing'", at(source, 2, "missing"),
-                              UNDEFINED_HINT),
+              (Records{undefinedRecord(source, 2, "missing"),
                        record("E1005", "Missing return statement: function 'f' must return a value of type 'bool' "
                                        "along all code paths", at(source, 1, "fn"))}));
 }
@@ -250,18 +249,17 @@ TEST(CheckerClasses, TheClassIsLeftBehindItsBody) {
     const std::string source = "class Box {\n    int size;\n}\nfn f() {\n    var a = this;\n    var b = size;\n}\n";
     EXPECT_EQ(analyzeSource(source),
               (Records{record("E1001", "'this' cannot be used outside of an instance method", at(source, 5, "this")),
-                       record("E1002", "Undefined variable or symbol 'size'", at(source, 6, "size"),
-                              UNDEFINED_HINT)}));
+                       undefinedRecord(source, 6, "size")}));
 }
 
 TEST(CheckerClasses, MembersAreCheckedInOrder) {
     const std::string source = "class Mixed {\n    fn a() {\n        one;\n    }\n    int b = \"s\";\n"
                                "    fn c() {\n        two;\n    }\n}\n";
     EXPECT_EQ(analyzeSource(source),
-              (Records{record("E1002", "Undefined variable or symbol 'one'", at(source, 3, "one"), UNDEFINED_HINT),
+              (Records{undefinedRecord(source, 3, "one"),
                        record("E1001", "Type mismatch in field initializer for 'b': expected 'int', got 'string'",
                               at(source, 5, "b")),
-                       record("E1002", "Undefined variable or symbol 'two'", at(source, 7, "two"), UNDEFINED_HINT)}));
+                       undefinedRecord(source, 7, "two")}));
 }
 
 TEST(CheckerInterfaces, AMissingInterfaceMethodIsReportedAtTheClass) {

@@ -26,7 +26,7 @@ TEST(CheckerConditions, AnIntIfConditionIsReportedWithItsTypeText) {
 TEST(CheckerConditions, AnUndefinedNameInAConditionIsReportedTwice) {
     const std::string source = inFunction("if (ready) {}");
     EXPECT_EQ(probe(source).records,
-              (Records{record("E1002", "Undefined variable or symbol 'ready'", at(source, 2, "ready"), UNDEFINED_HINT),
+              (Records{undefinedRecord(source, 2, "ready"),
                        record("E1001", "If condition must be of type bool, got '<type-error>'", at(source, 2, "if"))}));
 }
 
@@ -64,7 +64,7 @@ TEST(CheckerIf, BranchesOpenNoScopeOfTheirOwnWithoutABlock) {
 TEST(CheckerLoops, DoWhileConditionNoLongerSeesTheBodysVariables) {
     const std::string source = inFunction("do {\n        bool more = false;\n    } while (more);");
     EXPECT_EQ(probe(source).records,
-              (Records{record("E1002", "Undefined variable or symbol 'more'", at(source, 4, "more"), UNDEFINED_HINT),
+              (Records{undefinedRecord(source, 4, "more"),
                        record("E1001", "Do-while condition must be of type bool, got '<type-error>'",
                               at(source, 2, "do"))}));
 }
@@ -72,16 +72,13 @@ TEST(CheckerLoops, DoWhileConditionNoLongerSeesTheBodysVariables) {
 TEST(CheckerLoops, TheForInitialiserIsLocalToTheLoop) {
     const std::string source = inFunction("for (var i = 0; i < 3; i++) {}\n    var probe = i;");
     EXPECT_EQ(probe(source).records,
-              Records{record("E1002", "Undefined variable or symbol 'i'", at(source, 3, "i"), UNDEFINED_HINT)});
+              Records{undefinedRecord(source, 3, "i")});
 }
 
 TEST(CheckerLoops, TheForUpdateIsCheckedBeforeTheBody) {
     const std::string source = inFunction("for (var i = 0; i < 3; afterward) {\n        inside;\n    }");
     EXPECT_EQ(probe(source).records,
-              (Records{record("E1002", "Undefined variable or symbol 'afterward'", at(source, 2, "afterward"),
-                              UNDEFINED_HINT),
-                       record("E1002", "Undefined variable or symbol 'inside'", at(source, 3, "inside"),
-                              UNDEFINED_HINT)}));
+              (Records{undefinedRecord(source, 2, "afterward"), undefinedRecord(source, 3, "inside")}));
 }
 
 TEST(CheckerForIn, AStringIsNotIterable) {
@@ -100,8 +97,7 @@ TEST(CheckerForIn, AnAnyOrBrokenCollectionIsReportedAndTheVariableIsAny) {
 
     const std::string broken = inFunction("for (x in nowhere) {}");
     EXPECT_EQ(probe(broken).records,
-              (Records{record("E1002", "Undefined variable or symbol 'nowhere'", at(broken, 2, "nowhere"),
-                              UNDEFINED_HINT),
+              (Records{undefinedRecord(broken, 2, "nowhere"),
                        record("E1001", "For-in loop requires an iterable collection or array, got '<type-error>'",
                               at(broken, 2, "for"))}));
 }
@@ -215,8 +211,7 @@ TEST(CheckerSwitch, CasesShareTheEnclosingScope) {
 
 TEST(CheckerSwitch, TheDefaultBodyIsChecked) {
     const std::string source = withParams("n: int", "switch (n) {\n        default:\n            unknownThing;\n    }");
-    EXPECT_EQ(probe(source).records, Records{record("E1002", "Undefined variable or symbol 'unknownThing'",
-                                                    at(source, 4, "unknownThing"), UNDEFINED_HINT)});
+    EXPECT_EQ(probe(source).records, Records{undefinedRecord(source, 4, "unknownThing")});
 }
 
 TEST(CheckerMatch, APatternOfAnotherTypeIsReported) {
@@ -229,8 +224,7 @@ TEST(CheckerMatch, APatternOfAnotherTypeIsReported) {
 TEST(CheckerMatch, ArmExpressionsAreCheckedAndNotCompared) {
     const std::string source = withParams("n: int", "match n {\n        1 => \"one\",\n        2 => 2.0,\n"
                                                     "        _ => nothing\n    }");
-    EXPECT_EQ(probe(source).records, Records{record("E1002", "Undefined variable or symbol 'nothing'",
-                                                    at(source, 5, "nothing"), UNDEFINED_HINT)});
+    EXPECT_EQ(probe(source).records, Records{undefinedRecord(source, 5, "nothing")});
 }
 
 TEST(CheckerReturn, AReturnOutsideAnyFunctionIsReportedWithoutCheckingItsValue) {
@@ -273,8 +267,7 @@ TEST(CheckerReturn, AnAnyResultTakesTheFirstReturnedTypeAndHoldsLaterReturnsToIt
 
 TEST(CheckerReturn, ABrokenValueIsReportedOnce) {
     const std::string source = "fn f(): int {\n    return missing;\n}\n";
-    EXPECT_EQ(probe(source).records, Records{record("E1002", "Undefined variable or symbol 'missing'",
-                                                    at(source, 2, "missing"), UNDEFINED_HINT)});
+    EXPECT_EQ(probe(source).records, Records{undefinedRecord(source, 2, "missing")});
 }
 
 TEST(CheckerTryCatch, TheCaughtVariableHasItsTypeInItsHandlerOnly) {
@@ -296,27 +289,20 @@ TEST(CheckerTryCatch, TryHandlersAndFinallyAreAllChecked) {
     const std::string source = "fn f() {\n    try {\n        one;\n    } catch (string e) {\n        two;\n"
                                "    } catch (int e) {\n        three;\n    } finally {\n        four;\n    }\n}\n";
     EXPECT_EQ(probe(source).records,
-              (Records{record("E1002", "Undefined variable or symbol 'one'", at(source, 3, "one"), UNDEFINED_HINT),
-                       record("E1002", "Undefined variable or symbol 'two'", at(source, 5, "two"), UNDEFINED_HINT),
-                       record("E1002", "Undefined variable or symbol 'three'", at(source, 7, "three"),
-                              UNDEFINED_HINT),
-                       record("E1002", "Undefined variable or symbol 'four'", at(source, 9, "four"),
-                              UNDEFINED_HINT)}));
+              (Records{undefinedRecord(source, 3, "one"), undefinedRecord(source, 5, "two"),
+                       undefinedRecord(source, 7, "three"), undefinedRecord(source, 9, "four")}));
 }
 
 TEST(CheckerThrow, AnyValueMayBeThrownAndItIsChecked) {
     EXPECT_EQ(probe("fn f() {\n    throw 42;\n}\n").records, Records{});
     const std::string source = "fn f() {\n    throw problem;\n}\n";
-    EXPECT_EQ(probe(source).records, Records{record("E1002", "Undefined variable or symbol 'problem'",
-                                                    at(source, 2, "problem"), UNDEFINED_HINT)});
+    EXPECT_EQ(probe(source).records, Records{undefinedRecord(source, 2, "problem")});
 }
 
 TEST(CheckerBlocks, StatementsOfABlockAreCheckedInOrder) {
     const std::string source = "fn f() {\n    alpha;\n    beta;\n}\n";
     EXPECT_EQ(probe(source).records,
-              (Records{record("E1002", "Undefined variable or symbol 'alpha'", at(source, 2, "alpha"), UNDEFINED_HINT),
-                       record("E1002", "Undefined variable or symbol 'beta'", at(source, 3, "beta"),
-                              UNDEFINED_HINT)}));
+              (Records{undefinedRecord(source, 2, "alpha"), undefinedRecord(source, 3, "beta")}));
 }
 
 }  // namespace

@@ -203,9 +203,7 @@ TEST(CallForms, ArgumentsAreCheckedBeforeTheReceiver) {
         "fn main() {\n"
         "    var r = nope.size(other);\n"
         "}\n";
-    const std::string hint = "Ensure the variable is declared before use";
     EXPECT_EQ(analyzeSource(src),
-              (Records{record("E1002", "Undefined variable or symbol 'other'", at(src, 2, "other"), hint),
-                       record("E1002", "Undefined variable or symbol 'nope'", at(src, 2, "nope"), hint),
+              (Records{undefinedRecord(src, 2, "other"), undefinedRecord(src, 2, "nope"),
                        record("E1003", "Type '<type-error>' has no method named 'size'", at(src, 2, "("))}));
 }

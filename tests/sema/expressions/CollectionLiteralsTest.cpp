@@ -55,10 +55,7 @@ TEST(CollectionLiterals, EveryElementIsCheckedInOrder) {
         "    var r = [first, 1, second];\n"
         "    var m = {third: fourth};\n"
         "}\n";
-    const std::string hint = "Ensure the variable is declared before use";
     EXPECT_EQ(analyzeSource(src),
-              (Records{record("E1002", "Undefined variable or symbol 'first'", at(src, 2, "first"), hint),
-                       record("E1002", "Undefined variable or symbol 'second'", at(src, 2, "second"), hint),
-                       record("E1002", "Undefined variable or symbol 'third'", at(src, 3, "third"), hint),
-                       record("E1002", "Undefined variable or symbol 'fourth'", at(src, 3, "fourth"), hint)}));
+              (Records{undefinedRecord(src, 2, "first"), undefinedRecord(src, 2, "second"),
+                       undefinedRecord(src, 3, "third"), undefinedRecord(src, 3, "fourth")}));
 }

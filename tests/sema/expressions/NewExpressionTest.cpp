@@ -60,10 +60,8 @@ TEST(NewExpression, ClassArgumentsAreStillChecked) {
         "fn main() {\n"
         "    var r = new Foo(first, 2, second);\n"
         "}\n";
-    const std::string hint = "Ensure the variable is declared before use";
     EXPECT_EQ(analyzeSource(src),
-              (Records{record("E1002", "Undefined variable or symbol 'first'", at(src, 3, "first"), hint),
-                       record("E1002", "Undefined variable or symbol 'second'", at(src, 3, "second"), hint)}));
+              (Records{undefinedRecord(src, 3, "first"), undefinedRecord(src, 3, "second")}));
 }
 
 TEST(NewExpression, GenericClassWithAndWithoutTypeArguments) {
