@@ -75,15 +75,12 @@ run_target() {
 echo "== fuzz: ${seconds}s per target, $jobs at a time"
 failures=0
 pids=()
-names=()
 for target in "${targets[@]}"; do
   run_target "$target" &
   pids+=($!)
-  names+=("$target")
   if [ ${#pids[@]} -ge "$jobs" ]; then
     wait "${pids[0]}" || failures=$((failures + 1))
     pids=("${pids[@]:1}")
-    names=("${names[@]:1}")
   fi
 done
 for pid in "${pids[@]}"; do wait "$pid" || failures=$((failures + 1)); done

@@ -89,7 +89,8 @@ void putInPool(Chunk* chunk) {
     std::free(chunk);
 }
 
-Chunk* takeFromPool() {
+// The memory of an empty chunk, pooled or new.
+void* takeFromPool() {
     Pool& shared = pool();
     {
         std::lock_guard<std::mutex> guard(shared.lock);
@@ -102,7 +103,7 @@ Chunk* takeFromPool() {
         --shared.made;
         throw std::bad_alloc();
     }
-    return new (memory) Chunk{};
+    return memory;
 }
 
 void poolOnce(Chunk* chunk) {
@@ -138,12 +139,7 @@ char* startChunk() {
         current.sealerArmed = true;
         (void)&sealer;  // constructs it, so that it runs at thread exit
     }
-    Chunk* fresh = takeFromPool();
-    fresh->ownerLive.store(0, std::memory_order_relaxed);
-    fresh->remoteFreed.store(0, std::memory_order_relaxed);
-    fresh->sealed.store(false, std::memory_order_relaxed);
-    fresh->claimed.store(false, std::memory_order_relaxed);
-    fresh->owner = &current;
+    Chunk* fresh = new (takeFromPool()) Chunk{0, 0, false, false, &current, 0};
     sealCurrent();
     current.chunk = fresh;
     current.next = reinterpret_cast<char*>(fresh) + FIRST_BLOCK;

@@ -71,17 +71,13 @@ private:
     static std::size_t hashOf(std::string_view name) { return std::hash<std::string_view>{}(name); }
 
     std::size_t position(std::string_view name) const {
-        if (slots.empty()) return linearPosition(name);
-        return position(name, hashOf(name));
-    }
-    std::size_t linearPosition(std::string_view name) const {
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            if (entries[i].first == name) return i;
+        if (slots.empty()) {
+            for (std::size_t i = 0; i < entries.size(); ++i) {
+                if (entries[i].first == name) return i;
+            }
+            return NOT_FOUND;
         }
-        return NOT_FOUND;
-    }
-    std::size_t position(std::string_view name, std::size_t hash) const {
-        if (slots.empty()) return linearPosition(name);
+        const std::size_t hash = hashOf(name);
         const std::size_t mask = slots.size() - 1;
         const auto shortHash = static_cast<std::uint32_t>(hash);
         for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {

@@ -10,17 +10,17 @@
 
 namespace quor::sema {
 
-// Owns every type of one analysis: the primitive singletons, the named types
-// (classes, interfaces, structs, enums, built-in and specialised classes) and
-// the interned arrays, maps and nullables. Turns the parser's type text into
-// types (`resolveType` is the language's type grammar) and implements the
-// textual generics. One context serves one analysis and dies with it.
 // The deepest stack of array, map and nullable levels one type may have.
 // Type texts are interned by their printed form, so every level costs as
 // much as the whole text beneath it; a deeper type (only a generated or
 // hostile source has one) becomes the error type, which reports nothing.
 inline constexpr std::uint32_t MAX_TYPE_NESTING = 1000;
 
+// Owns every type of one analysis: the primitive singletons, the named types
+// (classes, interfaces, structs, enums, built-in and specialised classes) and
+// the interned arrays, maps and nullables. Turns the parser's type text into
+// types (`resolveType` is the language's type grammar) and implements the
+// textual generics. One context serves one analysis and dies with it.
 class TypeContext {
 public:
     TypeContext();
