@@ -20,6 +20,11 @@ namespace quor::sema::testing {
 
 inline const char* const TEST_FILE = "test.quor";
 
+// Where a symbol a test makes by hand stands: in the test's file, or among
+// the built-ins.
+inline const diagnostics::SourceLocation USER{TEST_FILE, 1, 1};
+inline const diagnostics::SourceLocation BUILT_IN{BUILTIN_FILE, 0, 0};
+
 // One record as "CODE|message|hint|line:column", easy to compare whole.
 inline std::string describe(const diagnostics::Diagnostic& d) {
     return d.code + "|" + d.message + "|" + d.hint + "|" + std::to_string(d.location.line) + ":" +

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "sema/SemaTestSupport.h"
 #include "sema/Symbol.h"
 #include "sema/TypeContext.h"
 
@@ -14,9 +15,8 @@ namespace {
 
 using namespace quor::sema;
 using quor::diagnostics::SourceLocation;
-
-const SourceLocation USER{"test.quor", 1, 1};
-const SourceLocation BUILT_IN{BUILTIN_FILE, 0, 0};
+using quor::sema::testing::BUILT_IN;
+using quor::sema::testing::USER;
 
 class OverloadIndex : public ::testing::Test {
 protected:

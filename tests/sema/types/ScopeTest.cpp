@@ -4,6 +4,7 @@
 #include <memory>
 #include <type_traits>
 
+#include "sema/SemaTestSupport.h"
 #include "sema/Symbol.h"
 #include "sema/TypeContext.h"
 
@@ -11,9 +12,8 @@ namespace {
 
 using namespace quor::sema;
 using quor::diagnostics::SourceLocation;
-
-const SourceLocation USER{"test.quor", 1, 1};
-const SourceLocation BUILT_IN{BUILTIN_FILE, 0, 0};
+using quor::sema::testing::BUILT_IN;
+using quor::sema::testing::USER;
 
 class Scopes : public ::testing::Test {
 protected:
