@@ -19,15 +19,23 @@ namespace quor::alloc {
 // lowers the count (or, for the block cut last, moves the pointer back);
 // a chunk whose count reaches zero is empty and goes to a pool from which
 // the next pass takes it whole. Blocks of any thread may be freed on any
-// other. Larger requests go to the C library, but the largest of them (a
-// document's token array, the checker's record) are kept when freed, a few
-// at a time, for the next pass to take again: handing such a block back
-// unmaps it, and mapping it again costs a page fault for every 4 KiB the
-// next pass touches.
+// other. Larger requests go to the C library, or straight to the kernel
+// from a huge page up, but the largest of them (a document's token array,
+// the checker's record) are kept when freed, a few at a time, for the next
+// pass to take again: handing such a block back unmaps it, and mapping it
+// again costs page faults for all the next pass touches.
+//
+// Chunks are mapped a region at a time, and regions and the largest blocks
+// on huge-page boundaries with huge pages asked for, so that memory new to
+// the process faults in 2 MiB at a time rather than 4 KiB.
 inline constexpr std::size_t MAX_SMALL_BLOCK = 1024;
 inline constexpr std::size_t CHUNK_SIZE = 256 * 1024;
-// Empty chunks kept for the next pass; beyond these they go back to the C
-// library, so that memory taken by one huge document is given back.
+inline constexpr std::size_t HUGE_PAGE_SIZE = 2 * 1024 * 1024;
+inline constexpr std::size_t REGION_SIZE = HUGE_PAGE_SIZE;
+// Large blocks of at least this size are mapped on their own.
+inline constexpr std::size_t MAPPED_LARGE_MIN = HUGE_PAGE_SIZE;
+// Empty chunks kept for the next pass; beyond these they go back to the
+// kernel, so that memory taken by one huge document is given back.
 inline constexpr std::size_t MAX_POOLED_CHUNKS = 256;
 
 // Large blocks of at least this size are kept for reuse when freed, up to
@@ -42,7 +50,7 @@ void* allocate(std::size_t size);
 // Gives back a block from `allocate`, on any thread; null is ignored.
 void release(void* block) noexcept;
 
-// Chunks taken from the C library so far, empty chunks in the pool, and
+// Chunks mapped so far and not handed back, empty chunks in the pool, and
 // large blocks kept for reuse, for tests and benchmarks.
 struct ChunkStatistics {
     std::size_t made = 0;

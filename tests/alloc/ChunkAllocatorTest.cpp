@@ -137,6 +137,34 @@ TEST(ChunkAllocator, LargeBlocksAreAlignedAndGoBackWhole) {
     release(block);
 }
 
+TEST(ChunkAllocator, ABlockOfAHugePageOrMoreIsMappedFromAHugePageBoundary) {
+    for (std::size_t size : {MAPPED_LARGE_MIN, MAPPED_LARGE_MIN + 4097, 3 * MAPPED_LARGE_MIN}) {
+        char* block = static_cast<char*>(allocate(size));
+        // The mapping starts on the boundary; the block follows its 16-byte
+        // prefix, and is writable to its last byte.
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % HUGE_PAGE_SIZE, 16u) << size;
+        std::memset(block, 7, size);
+        EXPECT_EQ(block[size - 1], 7);
+        release(block);
+    }
+}
+
+TEST(ChunkAllocator, ThreadsStartingChunksAtOnceLeaveThePoolWithinItsLimit) {
+    // Each thread needs several fresh chunks at about the same moment, so
+    // regions are mapped while others fill the pool.
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 8; ++t) {
+        threads.emplace_back([] {
+            std::vector<void*> blocks = cutBlocks(20000);
+            for (void* block : blocks) std::memset(block, 'r', 8);
+            releaseAll(blocks);
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_LE(chunkStatistics().pooled, MAX_POOLED_CHUNKS);
+    EXPECT_GE(chunkStatistics().made, chunkStatistics().pooled);
+}
+
 TEST(ChunkAllocator, AFreedLargeBlockIsTakenAgainByARequestOfAboutItsSize) {
     // An odd size, so that no block kept by the tests before is a closer fit.
     const std::size_t size = 3 * KEPT_LARGE_MIN + 12345;
