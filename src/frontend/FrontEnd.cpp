@@ -17,9 +17,8 @@ FrontEndResult runFrontEnd(const std::string& text, const std::string& fileName,
     result.program = syntax.parseProgram();
     if (engine.hasErrors() || !result.program) return result;
 
-    // The analyzer is a local of this block, so it is gone before the tree.
-    sema::SemanticAnalyzer analyzer(engine);
-    analyzer.analyze(*result.program);
+    result.analyzer = std::make_unique<sema::SemanticAnalyzer>(engine);
+    result.analyzer->analyze(*result.program);
     return result;
 }
 

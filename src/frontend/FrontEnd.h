@@ -7,14 +7,17 @@
 #include "ast/AST.h"
 #include "diagnostics/DiagnosticEngine.h"
 #include "lexer/Token.h"
+#include "sema/SemanticAnalyzer.h"
 
 namespace quor::frontend {
 
 // What one pass of the front end leaves behind. The tree outlives the
-// analyzer that ran over it: the analyzer's tables point into the tree.
+// analyzer that ran over it (members go in reverse order): the analyzer's
+// tables point into the tree.
 struct FrontEndResult {
     std::vector<lexer::Token> tokens;
     std::unique_ptr<ast::Program> program;  // null when scanning failed
+    std::unique_ptr<sema::SemanticAnalyzer> analyzer;  // null when it did not run
 };
 
 // Runs the whole chain over one text: scanner, parser, then the semantic

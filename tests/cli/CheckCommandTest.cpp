@@ -81,6 +81,20 @@ TEST(CheckCommand, SyntaxErrorNamesFileLineAndColumn) {
               std::string::npos);
 }
 
+TEST(CheckCommand, ASingleFileCheckedAgainInOneProcessReportsTheSameBothTimes) {
+    // A check of one file leaves its pass to the end of the process; the
+    // next such check takes its place. Neither changes what is reported.
+    TempDir dir;
+    std::string path = dir.write("typed.quor", "fn f(): int {\n    return \"x\";\n}\n");
+    CommandRun first = run(runCheck, {path});
+    CommandRun second = run(runCheck, {path});
+    EXPECT_EQ(first.status, 1);
+    EXPECT_EQ(first.err, "error[E1005]: Return type mismatch: expected 'int', got 'string'\n  --> " + path +
+                             ":2:5\n1 error in 1 of 1 file\n");
+    EXPECT_EQ(second.status, first.status);
+    EXPECT_EQ(second.err, first.err);
+}
+
 TEST(CheckCommand, LexicalErrorStopsTheChainBeforeParsing) {
     TempDir dir;
     std::string path = dir.write("lexical.quor", "let x = ;\n" + LEXICAL_ERROR);
