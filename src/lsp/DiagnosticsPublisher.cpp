@@ -9,10 +9,16 @@
 namespace quor::lsp {
 
 std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, const std::string& text) {
+    frontend::FrontEndResult pass;
+    return computeDiagnostics(uri, text, pass);
+}
+
+std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, const std::string& text,
+                                                      frontend::FrontEndResult& pass) {
     std::ostringstream report;  // the engine's printed form is not used here
     diagnostics::DiagnosticEngine engine(report);
     // Scanner, parser, analyzer: the first failing stage's errors alone.
-    frontend::runFrontEnd(text, uri, engine);
+    pass = frontend::runFrontEnd(text, uri, engine);
 
     std::vector<Diagnostic> result;
     for (const diagnostics::Diagnostic& reported : engine.getDiagnostics()) {
@@ -21,8 +27,12 @@ std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, co
     return result;
 }
 
+// The pass outlives the notification: freeing a large document's tree and
+// tables node by node takes a sixth of its pass, and the editor need not
+// wait for that. It is gone before the next message is read.
 void LspServer::publishDiagnostics(const std::string& uri) {
-    std::vector<Diagnostic> found = computeDiagnostics(uri, getDocument(uri));
+    frontend::FrontEndResult pass;
+    std::vector<Diagnostic> found = computeDiagnostics(uri, getDocument(uri), pass);
     JsonValue list(JsonValue::Type::Array);
     for (const Diagnostic& diagnostic : found) list.push(diagnostic.toJson());
     JsonValue params(JsonValue::Type::Object);

@@ -10,6 +10,10 @@
 #include "lsp/JsonValue.h"
 #include "lsp/Protocol.h"
 
+namespace quor::frontend {
+struct FrontEndResult;
+}
+
 namespace quor::lsp {
 
 // The language server: reads framed JSON-RPC messages from `input`, answers
@@ -53,6 +57,10 @@ public:
     // Diagnostics.
     void publishDiagnostics(const std::string& uri);
     std::vector<Diagnostic> computeDiagnostics(const std::string& uri, const std::string& text);
+    // The same, leaving the pass (tokens, tree, analyzer) in `pass` for the
+    // caller to free when it suits it.
+    std::vector<Diagnostic> computeDiagnostics(const std::string& uri, const std::string& text,
+                                               frontend::FrontEndResult& pass);
 
     // The identifier-like word under (or directly behind) a position.
     static std::string extractWordAtPosition(const std::string& text, std::int32_t line,

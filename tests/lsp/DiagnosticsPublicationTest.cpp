@@ -4,6 +4,7 @@
 
 #include "LspTestSupport.h"
 #include "diagnostics/Diagnostic.h"
+#include "frontend/FrontEnd.h"
 #include "lsp/DiagnosticConversion.h"
 
 using quor::lsp::LspServer;
@@ -155,6 +156,21 @@ TEST_F(PublicationTest, SyntaxErrorsHideUndefinedNames) {
     // Whatever the parser's recovery finds, no name-resolution code shows up.
     std::vector<quor::lsp::Diagnostic> found = server.computeDiagnostics("u", "fn f() { let = ; return undefinedName; }");
     for (const quor::lsp::Diagnostic& diagnostic : found) EXPECT_EQ(diagnostic.code, "E1000");
+}
+
+TEST_F(PublicationTest, ThePassCanBeHandedToTheCallerWithTheSameDiagnostics) {
+    const std::string text = "fn f(): int {\n    return \"x\";\n}\n";
+    quor::frontend::FrontEndResult pass;
+    std::vector<quor::lsp::Diagnostic> kept = server.computeDiagnostics("u", text, pass);
+    std::vector<quor::lsp::Diagnostic> plain = server.computeDiagnostics("u", text);
+    ASSERT_EQ(kept.size(), 1u);
+    ASSERT_EQ(plain.size(), 1u);
+    EXPECT_EQ(kept[0].toJson().serialize(), plain[0].toJson().serialize());
+    // Everything the three stages made is still there for the caller to free.
+    EXPECT_FALSE(pass.tokens.empty());
+    ASSERT_NE(pass.program, nullptr);
+    EXPECT_EQ(pass.program->declarations.size(), 1u);
+    EXPECT_NE(pass.analyzer, nullptr);
 }
 
 TEST_F(PublicationTest, CleanTextHasNoDiagnostics) {
