@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -48,18 +47,22 @@ public:
     friend std::ostream& operator<<(std::ostream& out, const SourceName& name) { return out << name.str(); }
 
 private:
-    // The count is atomic because `quor check` hands finished reports from
-    // its worker threads to the main thread.
+    // The count is a plain integer: one name and its copies are made and
+    // dropped on one thread at a time. `quor check` hands a file's reports
+    // from the worker that made them to the main thread only after the
+    // worker has done with that file, through the lock that orders the
+    // reports; no name is shared by two threads at once. (An atomic count
+    // cost an interlocked instruction for every token and node made.)
     struct Shared {
-        std::atomic<std::uint64_t> count;
+        std::uint64_t count;
         std::string text;
     };
 
     void retain() const {
-        if (shared) shared->count.fetch_add(1, std::memory_order_relaxed);
+        if (shared) ++shared->count;
     }
     void release() {
-        if (shared && shared->count.fetch_sub(1, std::memory_order_acq_rel) == 1) delete shared;
+        if (shared && --shared->count == 0) delete shared;
     }
     static const std::string& emptyText() {
         static const std::string none;

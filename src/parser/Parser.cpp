@@ -171,13 +171,15 @@ Parser::Parser(const std::vector<Token>& tokens, std::string filename, diagnosti
       diagnostics(diagnostics),
       genericCallOpeners(findGenericCallOpeners(tokens)) {}
 
+// One of each per thread: the name in their places is counted by the
+// thread that copies it.
 const Token& Parser::eofToken() {
-    static const Token token{TokenType::EndOfFile, "", diagnostics::SourceLocation{"<eof>", 0, 0}};
+    static thread_local const Token token{TokenType::EndOfFile, "", diagnostics::SourceLocation{"<eof>", 0, 0}};
     return token;
 }
 
 const Token& Parser::errorToken() {
-    static const Token token{TokenType::Invalid, "", diagnostics::SourceLocation{"<err>", 0, 0}};
+    static thread_local const Token token{TokenType::Invalid, "", diagnostics::SourceLocation{"<err>", 0, 0}};
     return token;
 }
 

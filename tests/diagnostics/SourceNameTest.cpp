@@ -62,17 +62,23 @@ TEST(SourceName, LocationsOfOneSourceShareTheNameAndPrintIt) {
     EXPECT_EQ(b.toString(), LONG_URI + ":3:9");
 }
 
-TEST(SourceName, CopiesMadeAndDroppedOnSeveralThreadsLeaveTheNameWhole) {
-    SourceName name(LONG_URI);
-    std::vector<std::thread> workers;
-    for (int t = 0; t < 4; ++t) {
-        workers.emplace_back([&name] {
-            std::vector<SourceName> copies(10000, name);
-            copies.clear();
-        });
-    }
-    for (auto& worker : workers) worker.join();
-    EXPECT_EQ(name, LONG_URI);
+TEST(SourceName, CopiesHandedToAnotherThreadAfterTheirMakerIsDoneAreCountedThere) {
+    // As `quor check` hands a file's reports to the main thread: a worker
+    // makes a name and its copies, keeps some and drops the rest, and the
+    // main thread takes the kept ones once the worker has finished.
+    std::vector<SourceName> handed;
+    std::thread worker([&handed] {
+        SourceName made(LONG_URI);
+        std::vector<SourceName> copies(10000, made);
+        handed.assign(copies.begin(), copies.begin() + 3);
+    });
+    worker.join();
+    ASSERT_EQ(handed.size(), 3u);
+    EXPECT_EQ(handed[0], LONG_URI);
+    EXPECT_EQ(&handed[0].str(), &handed[2].str());
+    handed.pop_back();
+    handed.pop_back();
+    EXPECT_EQ(handed[0].str(), LONG_URI);
 }
 
 }  // namespace
