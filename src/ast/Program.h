@@ -17,6 +17,10 @@ public:
     void accept(ASTVisitor& visitor) const override;
 
     std::vector<NodePtr> declarations;
+    // False only when the parser saw no enum declared anywhere but directly
+    // at the top level, so that nothing below a declaration need be searched
+    // for one. A tree made by other means keeps the default.
+    bool mayNestEnums = true;
 };
 
 }  // namespace quor::ast

@@ -252,10 +252,12 @@ Parser::NestingScope::NestingScope(Parser& parser) {
 std::unique_ptr<ast::Program> Parser::parseProgram() {
     diagnostics::SourceLocation location = peek().location;
     std::vector<ast::NodePtr> declarations;
+    std::size_t topLevelEnums = 0;
     while (!isAtEnd()) {
         if (match(TokenType::Semicolon)) continue;
         try {
             ast::StmtPtr declaration = parseDeclaration();
+            if (declaration && declaration->nodeKind == ast::NodeKind::EnumDecl) ++topLevelEnums;
             if (declaration) declarations.push_back(std::move(declaration));
         } catch (...) {
             // A failure from below the grammar (memory, string length,
@@ -264,7 +266,9 @@ std::unique_ptr<ast::Program> Parser::parseProgram() {
             synchronize();
         }
     }
-    return std::make_unique<ast::Program>(std::move(declarations), std::move(location));
+    auto program = std::make_unique<ast::Program>(std::move(declarations), std::move(location));
+    program->mayNestEnums = enumsParsed > topLevelEnums;
+    return program;
 }
 
 void Parser::synchronize() {

@@ -180,6 +180,8 @@ private:
     // isGenericCall's answer for every token index, found in one pass when
     // the parser is made, so that long runs of `<` cost no rescans.
     std::vector<bool> genericCallOpeners;
+    // Enum declarations begun so far, at any depth.
+    std::size_t enumsParsed = 0;
 };
 
 // Thrown when the source nests deeper than the stack leaves room for.

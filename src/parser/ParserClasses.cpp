@@ -163,6 +163,7 @@ std::unique_ptr<ast::VarDeclStmt> Parser::parseStructField() {
 }
 
 std::unique_ptr<ast::EnumDecl> Parser::parseEnumDecl(std::string visibility) {
+    ++enumsParsed;
     auto location = previous().location;
     std::string name = consume(TokenType::Identifier, "Expected enum name").lexeme;
     consume(TokenType::LeftBrace, "Expected '{' to start enum body");

@@ -50,6 +50,9 @@ public:
     diagnostics::DiagnosticEngine& diagnostics;
     std::unordered_set<std::string> importedModules;
     std::vector<std::string> currentTypeParams;
+    // Whether function bodies may hold enums, as the program being resolved
+    // says; when not, they are not searched.
+    bool bodiesMayNestEnums = true;
     // The class chains while pass 2 runs; spares the walks that cannot find anything.
     InheritanceIndex inheritance;
 };

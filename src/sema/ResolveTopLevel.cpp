@@ -44,6 +44,7 @@ void NameResolver::resolve(const ast::Program& program) {
 }
 
 void NameResolver::pass1_collectTopLevel(const ast::Program& program) {
+    bodiesMayNestEnums = program.mayNestEnums;
     for (const auto& node : program.declarations) {
         if (!node) continue;
         switch (node->nodeKind) {
@@ -126,7 +127,7 @@ void NameResolver::resolveFunctionDeclPass1(const ast::FunctionDecl& decl) {
                                 "Duplicate declaration of function '" + decl.name + "' with identical parameter types",
                                 decl.location, "Provide unique parameter types or rename the function");
     }
-    if (decl.body) collectNestedTypes(*decl.body);
+    if (decl.body && bodiesMayNestEnums) collectNestedTypes(*decl.body);
     currentTypeParams.clear();
 }
 

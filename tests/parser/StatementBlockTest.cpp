@@ -203,5 +203,33 @@ TEST(StatementEnum, EnumInsideABlockIsADeclarationWithoutVisibility) {
     EXPECT_TRUE(run.diagnostics().empty());
 }
 
+TEST(StatementEnum, AProgramWithEnumsOnlyAtTheTopLevelSaysNoneIsNested) {
+    ParsedProgram parsed("enum A { X }\nfn f() { let a = 1; { a; } }\npublic enum B { Y }\n");
+    ASSERT_EQ(parsed.program->declarations.size(), 3u);
+    EXPECT_FALSE(parsed.program->mayNestEnums);
+}
+
+TEST(StatementEnum, AnEnumInAFunctionBodyMarksTheProgramAsNestingEnums) {
+    ParsedProgram parsed("enum A { X }\nfn f() { { enum Inner { Y } } }\n");
+    EXPECT_TRUE(parsed.program->mayNestEnums);
+}
+
+TEST(StatementEnum, AnEnumInATopLevelBlockMarksTheProgramAsNestingEnums) {
+    ParsedProgram parsed("{ enum Inner { Y } }\n");
+    EXPECT_TRUE(parsed.program->mayNestEnums);
+}
+
+TEST(StatementEnum, AnEnumCutShortStillMarksTheProgram) {
+    // The declaration fails after its keyword; counting it anyway can only
+    // make the resolver look where nothing is.
+    ParsedProgram parsed("fn f() { enum }\n");
+    EXPECT_TRUE(parsed.program->mayNestEnums);
+}
+
+TEST(StatementEnum, AProgramWithoutEnumsSaysNoneIsNested) {
+    ParsedProgram parsed("fn f() { return 1; }\n");
+    EXPECT_FALSE(parsed.program->mayNestEnums);
+}
+
 }  // namespace
 }  // namespace quor::parser::testing

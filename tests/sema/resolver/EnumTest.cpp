@@ -122,6 +122,21 @@ TEST(ResolverEnums, AnEnumInsideAFunctionBodyIsVisibleEverywhereAfterPass1) {
     EXPECT_EQ(functionNamed(a, "run")->functionType->paramTypes.at(0), symbol->enumType);
 }
 
+TEST(ResolverEnums, BodiesAreSearchedForEnumsOnlyWhenTheProgramMayNestThem) {
+    // The parser marks a program whose enums all stand at the top level;
+    // the resolver then does not look inside bodies. A program that says
+    // it may nest them is searched.
+    Analysis searched("fn setup() {\n  enum Mode { Fast }\n}\n");
+    ASSERT_TRUE(searched.program->mayNestEnums);
+    searched.resolve();
+    EXPECT_TRUE(userType<EnumType>(searched, "Mode"));
+
+    Analysis skipped("fn setup() {\n  enum Mode { Fast }\n}\n");
+    skipped.program->mayNestEnums = false;
+    skipped.resolve();
+    EXPECT_FALSE(userType<EnumType>(skipped, "Mode"));
+}
+
 TEST(ResolverEnums, ANestedEnumIsNotFilledASecondTimeByPass2) {
     auto a = resolved("fn setup() {\n  enum Mode { Fast }\n}\n");
     EXPECT_TRUE(a->records().empty());
