@@ -23,4 +23,12 @@ public:
     bool mayNestEnums = true;
 };
 
+// Asks the processor for the declaration a few places ahead of `index`. A
+// loop over the declarations of a large program otherwise waits on memory
+// for each one in turn: they lie far apart, each after its whole body.
+inline void prefetchAhead(const std::vector<NodePtr>& declarations, std::size_t index) {
+    constexpr std::size_t DISTANCE = 6;
+    if (index + DISTANCE < declarations.size()) __builtin_prefetch(declarations[index + DISTANCE].get());
+}
+
 }  // namespace quor::ast

@@ -141,7 +141,9 @@ std::int64_t nextValue(std::int64_t value) { return static_cast<std::int64_t>(st
 
 void NameResolver::pass2_resolveMembersAndInheritance(const ast::Program& program) {
     InheritanceWindow window(inheritance);
-    for (const auto& node : program.declarations) {
+    for (std::size_t i = 0; i < program.declarations.size(); ++i) {
+        ast::prefetchAhead(program.declarations, i);
+        const auto& node = program.declarations[i];
         if (!node) continue;
         switch (node->nodeKind) {
             case ast::NodeKind::ClassDecl:

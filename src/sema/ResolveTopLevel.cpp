@@ -45,7 +45,9 @@ void NameResolver::resolve(const ast::Program& program) {
 
 void NameResolver::pass1_collectTopLevel(const ast::Program& program) {
     bodiesMayNestEnums = program.mayNestEnums;
-    for (const auto& node : program.declarations) {
+    for (std::size_t i = 0; i < program.declarations.size(); ++i) {
+        ast::prefetchAhead(program.declarations, i);
+        const auto& node = program.declarations[i];
         if (!node) continue;
         switch (node->nodeKind) {
             case ast::NodeKind::ImportDecl:
