@@ -19,6 +19,13 @@ public:
     SourceName(std::string text) : shared(text.empty() ? nullptr : new Shared{{1}, std::move(text)}) {}
     SourceName(const char* text) : SourceName(std::string(text ? text : "")) {}
     SourceName(std::string_view text) : SourceName(std::string(text)) {}
+    // A name that is never counted nor freed, so that any thread may copy
+    // it: for the few locations made once for the whole process.
+    static SourceName permanent(std::string text) {
+        SourceName name;
+        name.shared = new Shared{0, std::move(text), true};
+        return name;
+    }
     SourceName(const SourceName& other) noexcept : shared(other.shared) { retain(); }
     SourceName(SourceName&& other) noexcept : shared(std::exchange(other.shared, nullptr)) {}
     SourceName& operator=(SourceName other) noexcept {
@@ -51,18 +58,20 @@ private:
     // dropped on one thread at a time. `quor check` hands a file's reports
     // from the worker that made them to the main thread only after the
     // worker has done with that file, through the lock that orders the
-    // reports; no name is shared by two threads at once. (An atomic count
-    // cost an interlocked instruction for every token and node made.)
+    // reports; no name is shared by two threads at once, except permanent
+    // ones, which are never written. (An atomic count cost an interlocked
+    // instruction for every token and node made.)
     struct Shared {
         std::uint64_t count;
         std::string text;
+        bool permanent = false;
     };
 
     void retain() const {
-        if (shared) ++shared->count;
+        if (shared && !shared->permanent) ++shared->count;
     }
     void release() {
-        if (shared && --shared->count == 0) delete shared;
+        if (shared && !shared->permanent && --shared->count == 0) delete shared;
     }
     static const std::string& emptyText() {
         static const std::string none;

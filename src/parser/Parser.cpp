@@ -171,15 +171,16 @@ Parser::Parser(const std::vector<Token>& tokens, std::string filename, diagnosti
       diagnostics(diagnostics),
       genericCallOpeners(findGenericCallOpeners(tokens)) {}
 
-// One of each per thread: the name in their places is counted by the
-// thread that copies it.
+// Shared by every thread, so their places carry permanent names.
 const Token& Parser::eofToken() {
-    static thread_local const Token token{TokenType::EndOfFile, "", diagnostics::SourceLocation{"<eof>", 0, 0}};
+    static const Token token{TokenType::EndOfFile, "",
+                             diagnostics::SourceLocation{diagnostics::SourceName::permanent("<eof>"), 0, 0}};
     return token;
 }
 
 const Token& Parser::errorToken() {
-    static thread_local const Token token{TokenType::Invalid, "", diagnostics::SourceLocation{"<err>", 0, 0}};
+    static const Token token{TokenType::Invalid, "",
+                             diagnostics::SourceLocation{diagnostics::SourceName::permanent("<err>"), 0, 0}};
     return token;
 }
 

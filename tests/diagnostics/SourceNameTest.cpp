@@ -81,4 +81,22 @@ TEST(SourceName, CopiesHandedToAnotherThreadAfterTheirMakerIsDoneAreCountedThere
     EXPECT_EQ(handed[0].str(), LONG_URI);
 }
 
+TEST(SourceName, APermanentNameMayBeCopiedOnSeveralThreadsAtOnce) {
+    // Such a name is never counted, so threads copying it write nothing
+    // they share: the parser's stand-in end and error tokens hold one. It is
+    // never freed either, so it is held where a leak checker still sees it.
+    static const SourceName name = SourceName::permanent(LONG_URI);
+    std::vector<std::thread> workers;
+    for (int t = 0; t < 4; ++t) {
+        workers.emplace_back([] {
+            std::vector<SourceName> copies(10000, name);
+            for (const SourceName& copy : copies) ASSERT_EQ(&copy.str(), &name.str());
+        });
+    }
+    for (auto& worker : workers) worker.join();
+    EXPECT_EQ(name, LONG_URI);
+    static const SourceLocation end{SourceName::permanent("<eof>"), 0, 0};
+    EXPECT_EQ(end.toString(), "<eof>:0:0");
+}
+
 }  // namespace
