@@ -258,8 +258,10 @@ std::unique_ptr<ast::Program> Parser::parseProgram() {
         if (match(TokenType::Semicolon)) continue;
         try {
             ast::StmtPtr declaration = parseDeclaration();
-            if (declaration && declaration->nodeKind == ast::NodeKind::EnumDecl) ++topLevelEnums;
-            if (declaration) declarations.push_back(std::move(declaration));
+            if (declaration) {
+                if (declaration->nodeKind == ast::NodeKind::EnumDecl) ++topLevelEnums;
+                declarations.push_back(std::move(declaration));
+            }
         } catch (...) {
             // A failure from below the grammar (memory, string length,
             // nesting beyond the recursion budget): drop the partial

@@ -11,44 +11,37 @@
 namespace quor::frontend {
 namespace {
 
-FrontEndResult passOver(const std::string& text, std::size_t& errors) {
-    std::ostringstream report;
-    diagnostics::DiagnosticEngine engine(report);
-    FrontEndResult result = runFrontEnd(text, "file:///pass.quor", engine);
-    errors = engine.getErrorCount();
-    return result;
-}
+// One source per stage that can end the pass, and what the pass leaves.
+struct Case {
+    const char* stage;
+    const char* source;
+    int errors;  // -1 for at least one
+    bool tree;
+    bool analyzer;
+};
 
-TEST(FrontEndResult, ACleanTextHandsBackTokensTreeAndAnalyzer) {
-    std::size_t errors = 0;
-    const FrontEndResult result = passOver("fn f(): int {\n    return 1;\n}\n", errors);
-    EXPECT_EQ(errors, 0U);
-    EXPECT_FALSE(result.tokens.empty());
-    ASSERT_NE(result.program, nullptr);
-    EXPECT_NE(result.analyzer, nullptr);
-}
+constexpr Case CASES[] = {
+    {"clean", "fn f(): int {\n    return 1;\n}\n", 0, true, true},
+    // The analyzer that found the error is still handed back.
+    {"analysis error", "fn f(): int {\n    return \"x\";\n}\n", 1, true, true},
+    {"syntax error", "let = ;\n", -1, true, false},
+    {"lexical error", "let s = \"open\n", -1, false, false},
+};
 
-TEST(FrontEndResult, AnAnalysisErrorStillHandsBackTheAnalyzerThatFoundIt) {
-    std::size_t errors = 0;
-    const FrontEndResult result = passOver("fn f(): int {\n    return \"x\";\n}\n", errors);
-    EXPECT_EQ(errors, 1U);
-    EXPECT_NE(result.analyzer, nullptr);
-}
-
-TEST(FrontEndResult, ASyntaxErrorLeavesNoAnalyzer) {
-    std::size_t errors = 0;
-    const FrontEndResult result = passOver("let = ;\n", errors);
-    EXPECT_GT(errors, 0U);
-    EXPECT_EQ(result.analyzer, nullptr);
-}
-
-TEST(FrontEndResult, ALexicalErrorLeavesNeitherTreeNorAnalyzer) {
-    std::size_t errors = 0;
-    const FrontEndResult result = passOver("let s = \"open\n", errors);
-    EXPECT_GT(errors, 0U);
-    EXPECT_FALSE(result.tokens.empty());
-    EXPECT_EQ(result.program, nullptr);
-    EXPECT_EQ(result.analyzer, nullptr);
+TEST(FrontEndResult, EachStageThatRanLeavesWhatItMade) {
+    for (const Case& c : CASES) {
+        std::ostringstream report;
+        diagnostics::DiagnosticEngine engine(report);
+        const FrontEndResult result = runFrontEnd(c.source, "file:///pass.quor", engine);
+        if (c.errors < 0) {
+            EXPECT_GT(engine.getErrorCount(), 0U) << c.stage;
+        } else {
+            EXPECT_EQ(engine.getErrorCount(), static_cast<std::size_t>(c.errors)) << c.stage;
+        }
+        EXPECT_FALSE(result.tokens.empty()) << c.stage;
+        EXPECT_EQ(result.program != nullptr, c.tree) << c.stage;
+        EXPECT_EQ(result.analyzer != nullptr, c.analyzer) << c.stage;
+    }
 }
 
 }  // namespace

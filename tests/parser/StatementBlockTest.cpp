@@ -203,32 +203,26 @@ TEST(StatementEnum, EnumInsideABlockIsADeclarationWithoutVisibility) {
     EXPECT_TRUE(run.diagnostics().empty());
 }
 
-TEST(StatementEnum, AProgramWithEnumsOnlyAtTheTopLevelSaysNoneIsNested) {
-    ParsedProgram parsed("enum A { X }\nfn f() { let a = 1; { a; } }\npublic enum B { Y }\n");
-    ASSERT_EQ(parsed.program->declarations.size(), 3u);
-    EXPECT_FALSE(parsed.program->mayNestEnums);
-}
-
-TEST(StatementEnum, AnEnumInAFunctionBodyMarksTheProgramAsNestingEnums) {
-    ParsedProgram parsed("enum A { X }\nfn f() { { enum Inner { Y } } }\n");
-    EXPECT_TRUE(parsed.program->mayNestEnums);
-}
-
-TEST(StatementEnum, AnEnumInATopLevelBlockMarksTheProgramAsNestingEnums) {
-    ParsedProgram parsed("{ enum Inner { Y } }\n");
-    EXPECT_TRUE(parsed.program->mayNestEnums);
-}
-
-TEST(StatementEnum, AnEnumCutShortStillMarksTheProgram) {
-    // The declaration fails after its keyword; counting it anyway can only
-    // make the resolver look where nothing is.
-    ParsedProgram parsed("fn f() { enum }\n");
-    EXPECT_TRUE(parsed.program->mayNestEnums);
-}
-
-TEST(StatementEnum, AProgramWithoutEnumsSaysNoneIsNested) {
-    ParsedProgram parsed("fn f() { return 1; }\n");
-    EXPECT_FALSE(parsed.program->mayNestEnums);
+TEST(StatementEnum, TheProgramSaysWhetherAnyEnumStandsBelowTheTopLevel) {
+    struct Case {
+        const char* source;
+        bool mayNest;
+    };
+    const Case cases[] = {
+        {"enum A { X }\nfn f() { let a = 1; { a; } }\npublic enum B { Y }\n", false},
+        {"fn f() { return 1; }\n", false},
+        {"enum A { X }\nfn f() { { enum Inner { Y } } }\n", true},
+        {"{ enum Inner { Y } }\n", true},
+        // The declaration fails after its keyword; counting it anyway can
+        // only make the resolver look where nothing is.
+        {"fn f() { enum }\n", true},
+    };
+    for (const Case& c : cases) {
+        ParsedProgram parsed(c.source);
+        ASSERT_NE(parsed.program, nullptr) << c.source;
+        EXPECT_EQ(parsed.program->mayNestEnums, c.mayNest) << c.source;
+    }
+    EXPECT_EQ(ParsedProgram(cases[0].source).program->declarations.size(), 3u);
 }
 
 }  // namespace
