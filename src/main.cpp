@@ -13,6 +13,8 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
+#else
+#include <fcntl.h>
 #endif
 
 namespace {
@@ -28,6 +30,18 @@ constexpr std::string_view HELP_PIECES[] = {
     "  -h, --help     Display this help message\n\n",
     "quorls operates as a Language Server Protocol (LSP) daemon communicating over stdio.\n",
 };
+
+// A whole document arrives with every change. Through a pipe of the usual
+// 64 KiB the editor can only write that much before it waits for the server
+// to read; a larger pipe lets it hand over a large document in a few writes,
+// and start while the server is still tidying up after the last message.
+// Where standard input is no pipe, or the system refuses, nothing changes.
+void widenInputPipe() {
+#ifdef F_SETPIPE_SZ
+    constexpr int PIPE_BYTES = 1 << 20;
+    (void)fcntl(0, F_SETPIPE_SZ, PIPE_BYTES);
+#endif
+}
 
 bool isSwitch(std::string_view argument, std::string_view shortForm, std::string_view longForm) {
     return argument == shortForm || argument == longForm;
@@ -82,6 +96,7 @@ int main(int argc, char** argv) {
     // written to standard error.
     std::set_terminate([] { std::abort(); });
     std::ios::sync_with_stdio(false);
+    widenInputPipe();
     runWithLargeStack();
     return 0;
 }

@@ -18,7 +18,7 @@ FrontEndResult runFrontEnd(const std::string& text, const std::string& fileName,
     if (engine.hasErrors() || !result.program) return result;
 
     result.analyzer = std::make_unique<sema::SemanticAnalyzer>(engine);
-    result.analyzer->analyze(*result.program);
+    result.analyzer->analyzeReleasingBodies(*result.program);
     return result;
 }
 

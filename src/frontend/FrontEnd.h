@@ -24,6 +24,9 @@ struct FrontEndResult {
 // analyzer, each stage only while the engine holds no error, so a reader
 // sees the errors of the first failing stage alone. `fileName` is the name
 // every location carries (a document URI in the server, a path in `quor`).
+// The pass is for its reports: once the checker ran, the tree keeps its
+// declarations but not the bodies of functions and methods, each freed as
+// soon as it was checked (SemanticAnalyzer::analyzeReleasingBodies).
 FrontEndResult runFrontEnd(const std::string& text, const std::string& fileName,
                            diagnostics::DiagnosticEngine& engine);
 

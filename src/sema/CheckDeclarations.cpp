@@ -130,6 +130,8 @@ void TypeChecker::visit(const ast::Program& node) {
         if (!declaration) continue;
         switch (declaration->nodeKind) {
             case NodeKind::FunctionDecl:
+                checkDeclaredFunction(*declaration);
+                break;
             case NodeKind::ClassDecl:
             case NodeKind::InterfaceDecl:
             case NodeKind::StructDecl:
@@ -138,7 +140,7 @@ void TypeChecker::visit(const ast::Program& node) {
                 break;
             case NodeKind::BlockStmt:
                 for (const auto& inner : static_cast<const ast::BlockStmt&>(*declaration).statements) {
-                    if (inner && inner->nodeKind == NodeKind::FunctionDecl) inner->accept(*this);
+                    if (inner && inner->nodeKind == NodeKind::FunctionDecl) checkDeclaredFunction(*inner);
                 }
                 break;
             default:
@@ -186,7 +188,7 @@ void TypeChecker::visit(const ast::ClassDecl& node) {
             const auto& field = static_cast<const ast::VarDeclStmt&>(*member);
             if (field.initializer) checkFieldInitializer(*this, *classType, field);
         } else if (member->nodeKind == NodeKind::FunctionDecl) {
-            member->accept(*this);
+            checkDeclaredFunction(*member);
         }
     }
     symbols.exitScope();

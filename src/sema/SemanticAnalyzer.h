@@ -19,12 +19,20 @@ public:
 
     // True when the analysis reported nothing.
     bool analyze(const ast::Program& program);
+    // The same analysis for a caller that wants only the reports: the
+    // checker frees each function's body once it is done with it (see
+    // TypeChecker::checkReleasingBodies). The declarations stay.
+    bool analyzeReleasingBodies(ast::Program& program);
 
     diagnostics::DiagnosticEngine& diagnostics;
     TypeContext types;
     SymbolTable symbols;
     NameResolver resolver;
     TypeChecker checker;
+
+private:
+    // `releasing` is the program itself when bodies are to be freed, else null.
+    bool resolveThenCheck(const ast::Program& program, ast::Program* releasing);
 };
 
 }  // namespace quor::sema

@@ -7,6 +7,19 @@ namespace quor::sema {
 
 void TypeChecker::check(const ast::Program& program) { visit(program); }
 
+void TypeChecker::checkReleasingBodies(ast::Program& program) {
+    releaseBodies = true;
+    visit(program);
+    releaseBodies = false;
+}
+
+// The walk is const throughout; the one change it makes, freeing a body,
+// is only asked for through checkReleasingBodies, whose tree is not const.
+void TypeChecker::checkDeclaredFunction(const ast::ASTNode& function) {
+    function.accept(*this);
+    if (releaseBodies) const_cast<ast::FunctionDecl&>(static_cast<const ast::FunctionDecl&>(function)).body.reset();
+}
+
 TypePtr TypeChecker::checkExpr(const ast::ExpressionNode& node) {
     node.accept(*this);
     // A visit that found nothing to give (a symbol without a type, a type

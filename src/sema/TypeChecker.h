@@ -24,6 +24,13 @@ public:
         : types(types), symbols(symbols), diagnostics(diagnostics) {}
 
     void check(const ast::Program& program);
+    // The same check for a caller that wants only the reports: each block
+    // body of a top-level function or a method is freed as soon as its
+    // function has been checked, while its nodes are still in the cache.
+    // Nothing the checker reads later lies in a body (calls read a callee's
+    // signature, specialisation a method's); the declarations stay whole.
+    // The expression record keeps the freed nodes' addresses as keys only.
+    void checkReleasingBodies(ast::Program& program);
     // Types an expression; never null (a visit that leaves none gives the error type).
     TypePtr checkExpr(const ast::ExpressionNode& node);
     void checkStmt(const ast::StatementNode& node);
@@ -86,6 +93,11 @@ public:
                 std::string_view hint = {});
 
 private:
+    // Checks a function that stands at the top level or in a class, then
+    // frees its block body when the walk was asked to.
+    void checkDeclaredFunction(const ast::ASTNode& function);
+
+    bool releaseBodies = false;
 
     // Call forms (one per callee shape), each leaving the call's type.
     void checkCallByName(const ast::CallExpr& call, const std::string& name, const std::vector<TypePtr>& argTypes);

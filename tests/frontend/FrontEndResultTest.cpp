@@ -44,5 +44,34 @@ TEST(FrontEndResult, EachStageThatRanLeavesWhatItMade) {
     }
 }
 
+// The pass keeps the declarations for its owner, not the checked bodies.
+TEST(FrontEndResult, ACheckedProgramKeepsItsDeclarationsWithoutTheirBodies) {
+    std::ostringstream report;
+    diagnostics::DiagnosticEngine engine(report);
+    const FrontEndResult result =
+        runFrontEnd("fn f(): int {\n    return 1;\n}\nfn g(): int {\n    return \"x\";\n}\n", "file:///pass.quor",
+                    engine);
+    EXPECT_EQ(engine.getErrorCount(), 1U);
+    ASSERT_NE(result.program, nullptr);
+    ASSERT_EQ(result.program->declarations.size(), 2U);
+    for (const auto& declaration : result.program->declarations) {
+        const auto& function = static_cast<const ast::FunctionDecl&>(*declaration);
+        EXPECT_EQ(function.returnType, "int") << function.name;
+        EXPECT_EQ(function.body, nullptr) << function.name;
+    }
+}
+
+// A stage that failed before the checker leaves the tree whole.
+TEST(FrontEndResult, AnUncheckedProgramKeepsItsBodies) {
+    std::ostringstream report;
+    diagnostics::DiagnosticEngine engine(report);
+    const FrontEndResult result =
+        runFrontEnd("class A extends Nowhere {\n}\nfn f(): int {\n    return 1;\n}\n", "file:///pass.quor", engine);
+    EXPECT_EQ(engine.getErrorCount(), 1U);
+    ASSERT_NE(result.program, nullptr);
+    ASSERT_EQ(result.program->declarations.size(), 2U);
+    EXPECT_NE(static_cast<const ast::FunctionDecl&>(*result.program->declarations[1]).body, nullptr);
+}
+
 }  // namespace
 }  // namespace quor::frontend

@@ -88,10 +88,15 @@ struct Analysis {
     TypeChecker& checker() { return analyzer->checker; }
 };
 
-// Analyses a whole program and returns its records.
+// Analyses a whole program and returns its records. Every program is also
+// analysed the way the server's pass does it, freeing each function's body
+// once checked, and must be reported the same way.
 inline std::vector<std::string> analyzeSource(const std::string& source) {
     Analysis analysis(source);
     analysis.analyze();
+    Analysis releasing(source);
+    releasing.analyzer->analyzeReleasingBodies(*releasing.program);
+    EXPECT_EQ(releasing.records(), analysis.records()) << "freeing bodies changed the reports of:\n" << source;
     return analysis.records();
 }
 
