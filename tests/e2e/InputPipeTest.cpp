@@ -1,0 +1,130 @@
+// How the server takes its standard input: a pipe is widened so that an
+// editor can hand over a whole large document in a few writes, and input
+// that is no pipe at all is read as before.
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "e2e/ServerProcess.h"
+
+namespace {
+
+using quor::e2e::frame;
+
+const std::string INITIALIZE = R"({"jsonrpc":"2.0","id":1,"method":"initialize","params":{"capabilities":{}}})";
+const std::string SHUTDOWN = R"({"jsonrpc":"2.0","id":2,"method":"shutdown"})";
+const std::string EXIT = R"({"jsonrpc":"2.0","method":"exit"})";
+
+// Reads from `fd` until `text` has arrived or a safety limit passes.
+bool awaitText(int fd, const std::string& text, std::string& seen) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (seen.find(text) == std::string::npos) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        pollfd descriptor{fd, POLLIN, 0};
+        if (::poll(&descriptor, 1, 1000) <= 0) continue;
+        char chunk[4096];
+        const ssize_t count = ::read(fd, chunk, sizeof chunk);
+        if (count <= 0) return false;
+        seen.append(chunk, static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+void writeAll(int fd, const std::string& bytes) {
+    std::size_t written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(fd, bytes.data() + written, bytes.size() - written);
+        if (count <= 0) return;
+        written += static_cast<std::size_t>(count);
+    }
+}
+
+TEST(InputPipe, TheServerWidensThePipeItReadsTo1MiB) {
+    ::signal(SIGPIPE, SIG_IGN);
+    int input[2];
+    int output[2];
+    ASSERT_EQ(::pipe(input), 0);
+    ASSERT_EQ(::pipe(output), 0);
+    const int before = ::fcntl(input[1], F_GETPIPE_SZ);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ::dup2(input[0], 0);
+        ::dup2(output[1], 1);
+        for (int fd : {input[0], input[1], output[0], output[1]}) ::close(fd);
+        ::execl(QUORLS_BINARY, QUORLS_BINARY, static_cast<char*>(nullptr));
+        ::_exit(127);
+    }
+    ::close(input[0]);
+    ::close(output[1]);
+
+    // Once the first answer is out, the server has set up its input.
+    writeAll(input[1], frame(INITIALIZE));
+    std::string seen;
+    EXPECT_TRUE(awaitText(output[0], "\"id\":1", seen)) << seen;
+    const int after = ::fcntl(input[1], F_GETPIPE_SZ);
+    writeAll(input[1], frame(SHUTDOWN) + frame(EXIT));
+    EXPECT_TRUE(awaitText(output[0], "\"id\":2", seen)) << seen;
+    ::close(input[1]);
+    ::close(output[0]);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+
+    EXPECT_EQ(before, 64 * 1024);
+    EXPECT_GE(after, 1 << 20);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+// A file on standard input cannot be widened; the server says nothing of it
+// and answers as it does through a pipe.
+TEST(InputPipe, AServerReadingAFileAnswersAsThroughAPipe) {
+    const std::string session = frame(INITIALIZE) + frame(SHUTDOWN) + frame(EXIT);
+    char path[] = "/tmp/quorls-input-XXXXXX";
+    const int file = ::mkstemp(path);
+    ASSERT_GE(file, 0);
+    writeAll(file, session);
+    ::lseek(file, 0, SEEK_SET);
+    int output[2];
+    ASSERT_EQ(::pipe(output), 0);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ::dup2(file, 0);
+        ::dup2(output[1], 1);
+        ::dup2(output[1], 2);
+        ::close(file);
+        ::close(output[0]);
+        ::close(output[1]);
+        ::execl(QUORLS_BINARY, QUORLS_BINARY, static_cast<char*>(nullptr));
+        ::_exit(127);
+    }
+    ::close(file);
+    ::close(output[1]);
+    std::string fromFile;
+    EXPECT_TRUE(awaitText(output[0], "\"id\":2", fromFile)) << fromFile;
+    std::string rest;
+    awaitText(output[0], "never written", rest);  // to end of output
+    fromFile += rest;
+    ::close(output[0]);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ::unlink(path);
+
+    const quor::e2e::ProcessResult throughPipe = quor::e2e::runServer(session);
+    quor::e2e::expectCleanExit(throughPipe);
+    EXPECT_EQ(fromFile, throughPipe.out);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+}  // namespace
