@@ -1,5 +1,6 @@
 // Process entry: the version and help switches, otherwise the language
 // server over standard input and output.
+#include <fcntl.h>
 #include <pthread.h>
 
 #include <cstdlib>
@@ -11,10 +12,7 @@
 #include "lsp/LspServer.h"
 
 #ifdef _WIN32
-#include <fcntl.h>
 #include <io.h>
-#else
-#include <fcntl.h>
 #endif
 
 namespace {

@@ -10,8 +10,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "e2e/ServerProcess.h"
@@ -48,6 +46,13 @@ void writeAll(int fd, const std::string& bytes) {
     }
 }
 
+// The exit status of a finished child, -1 when it did not exit normally.
+int exitStatusOf(pid_t child) {
+    int status = 0;
+    if (::waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
+    return WEXITSTATUS(status);
+}
+
 TEST(InputPipe, TheServerWidensThePipeItReadsTo1MiB) {
     ::signal(SIGPIPE, SIG_IGN);
     int input[2];
@@ -55,15 +60,8 @@ TEST(InputPipe, TheServerWidensThePipeItReadsTo1MiB) {
     ASSERT_EQ(::pipe(input), 0);
     ASSERT_EQ(::pipe(output), 0);
     const int before = ::fcntl(input[1], F_GETPIPE_SZ);
-    const pid_t child = ::fork();
+    const pid_t child = quor::e2e::startServerOn(input[0], output[1], {input[1], output[0]});
     ASSERT_GE(child, 0);
-    if (child == 0) {
-        ::dup2(input[0], 0);
-        ::dup2(output[1], 1);
-        for (int fd : {input[0], input[1], output[0], output[1]}) ::close(fd);
-        ::execl(QUORLS_BINARY, QUORLS_BINARY, static_cast<char*>(nullptr));
-        ::_exit(127);
-    }
     ::close(input[0]);
     ::close(output[1]);
 
@@ -76,13 +74,10 @@ TEST(InputPipe, TheServerWidensThePipeItReadsTo1MiB) {
     EXPECT_TRUE(awaitText(output[0], "\"id\":2", seen)) << seen;
     ::close(input[1]);
     ::close(output[0]);
-    int status = 0;
-    ::waitpid(child, &status, 0);
 
     EXPECT_EQ(before, 64 * 1024);
     EXPECT_GE(after, 1 << 20);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(exitStatusOf(child), 0);
 }
 
 // A file on standard input cannot be widened; the server says nothing of it
@@ -96,18 +91,8 @@ TEST(InputPipe, AServerReadingAFileAnswersAsThroughAPipe) {
     ::lseek(file, 0, SEEK_SET);
     int output[2];
     ASSERT_EQ(::pipe(output), 0);
-    const pid_t child = ::fork();
+    const pid_t child = quor::e2e::startServerOn(file, output[1], {output[0]});
     ASSERT_GE(child, 0);
-    if (child == 0) {
-        ::dup2(file, 0);
-        ::dup2(output[1], 1);
-        ::dup2(output[1], 2);
-        ::close(file);
-        ::close(output[0]);
-        ::close(output[1]);
-        ::execl(QUORLS_BINARY, QUORLS_BINARY, static_cast<char*>(nullptr));
-        ::_exit(127);
-    }
     ::close(file);
     ::close(output[1]);
     std::string fromFile;
@@ -116,15 +101,12 @@ TEST(InputPipe, AServerReadingAFileAnswersAsThroughAPipe) {
     awaitText(output[0], "never written", rest);  // to end of output
     fromFile += rest;
     ::close(output[0]);
-    int status = 0;
-    ::waitpid(child, &status, 0);
     ::unlink(path);
 
     const quor::e2e::ProcessResult throughPipe = quor::e2e::runServer(session);
     quor::e2e::expectCleanExit(throughPipe);
     EXPECT_EQ(fromFile, throughPipe.out);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(exitStatusOf(child), 0);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdlib>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -155,6 +156,24 @@ inline ProcessResult runProcess(const std::string& binary, const std::vector<std
 // Runs the language server binary.
 inline ProcessResult runServer(const std::string& input, const std::vector<std::string>& args = {}) {
     return runProcess(QUORLS_BINARY, args, input);
+}
+
+// Starts the language server reading `input` and writing to `output`, for a
+// test that drives it a message at a time. The child closes its copies of
+// both and of `otherEnds` (the caller's ends of the same pipes). Returns the
+// child's id, negative when it could not be started.
+inline pid_t startServerOn(int input, int output, std::initializer_list<int> otherEnds) {
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        ::dup2(input, 0);
+        ::dup2(output, 1);
+        ::close(input);
+        ::close(output);
+        for (int fd : otherEnds) ::close(fd);
+        ::execl(QUORLS_BINARY, QUORLS_BINARY, static_cast<char*>(nullptr));
+        ::_exit(127);
+    }
+    return pid;
 }
 #endif
 

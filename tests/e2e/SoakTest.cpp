@@ -137,14 +137,7 @@ public:
         ::signal(SIGPIPE, SIG_IGN);
         int in[2], out[2];
         if (::pipe(in) != 0 || ::pipe(out) != 0) return;
-        pid = ::fork();
-        if (pid == 0) {
-            ::dup2(in[0], 0);
-            ::dup2(out[1], 1);
-            for (int fd : {in[0], in[1], out[0], out[1]}) ::close(fd);
-            ::execl(QUORLS_BINARY, QUORLS_BINARY, static_cast<char*>(nullptr));
-            ::_exit(127);
-        }
+        pid = quor::e2e::startServerOn(in[0], out[1], {in[1], out[0]});
         ::close(in[0]);
         ::close(out[1]);
         toServer = in[1];

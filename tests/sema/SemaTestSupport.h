@@ -58,6 +58,12 @@ struct Analysis {
         return *this;
     }
 
+    // The same, freeing each function's body once checked, as the server's pass does.
+    Analysis& analyzeReleasingBodies() {
+        analyzer->analyzeReleasingBodies(*program);
+        return *this;
+    }
+
     // Name resolution alone.
     Analysis& resolve() {
         analyzer->resolver.resolve(*program);
@@ -94,9 +100,8 @@ struct Analysis {
 inline std::vector<std::string> analyzeSource(const std::string& source) {
     Analysis analysis(source);
     analysis.analyze();
-    Analysis releasing(source);
-    releasing.analyzer->analyzeReleasingBodies(*releasing.program);
-    EXPECT_EQ(releasing.records(), analysis.records()) << "freeing bodies changed the reports of:\n" << source;
+    EXPECT_EQ(Analysis(source).analyzeReleasingBodies().records(), analysis.records())
+        << "freeing bodies changed the reports of:\n" << source;
     return analysis.records();
 }
 

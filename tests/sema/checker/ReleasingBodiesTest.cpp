@@ -66,66 +66,72 @@ TEST(ReleasingBodies, ThePlainAnalysisKeepsEveryBody) {
     EXPECT_NE(static_cast<const ast::FunctionDecl&>(*counter.members[1]).body, nullptr);
 }
 
-// What later code reads of an earlier declaration: a function's signature
-// for a call, a generic class's methods for its specialisation, a short
-// form's inferred result, an overload set, and a method through a subclass.
-// Its body is gone by then; the reports are the same.
-TEST(ReleasingBodies, LaterCodeReadsOnlyTheSignaturesOfCheckedFunctions) {
-    const std::string source =
-        "class Box<T> {\n"
-        "    public T value;\n"
-        "    public fn get(): T {\n"
-        "        return this.value;\n"
-        "    }\n"
-        "}\n"
-        "class Base {\n"
-        "    public fn size(): int {\n"
-        "        return 1;\n"
-        "    }\n"
-        "}\n"
-        "class Derived extends Base {\n"
-        "}\n"
-        "fn label(n: int): string {\n"
-        "    return \"n\";\n"
-        "}\n"
-        "fn label(s: string): string {\n"
-        "    return s;\n"
-        "}\n"
-        "fn inferred(x: int) => x + 1;\n"
-        "fn use(): int {\n"
-        "    let box: Box<int> = new Box<int>();\n"
-        "    let fromBox: string = box.get();\n"
-        "    let fromLabel: int = label(3);\n"
-        "    let fromShort: string = inferred(2);\n"
-        "    let fromBase: string = new Derived().size();\n"
-        "    return 0;\n"
-        "}\n";
-    Analysis keeping(source);
-    keeping.analyze();
-    Analysis releasing(source);
-    releasing.analyzer->analyzeReleasingBodies(*releasing.program);
-    EXPECT_EQ(releasing.records(), keeping.records());
-    EXPECT_EQ(releasing.records().size(), 4u) << releasing.describeAll();
-}
+// Programs whose reports must not change when bodies are freed, and how
+// many reports each has.
+struct SameReports {
+    const char* what;
+    const char* source;
+    std::size_t reports;
+};
 
-// A body whose check reports still reports everything before it is freed,
-// and the functions after it are checked as usual.
-TEST(ReleasingBodies, ReportsFromInsideAFreedBodyStandInOrder) {
-    const std::string source =
-        "fn first(): int {\n"
-        "    let s: string = 5;\n"
-        "    return \"x\";\n"
-        "}\n"
-        "fn second(): bool {\n"
-        "    while (1) {\n"
-        "    }\n"
-        "}\n";
-    Analysis keeping(source);
-    keeping.analyze();
-    Analysis releasing(source);
-    releasing.analyzer->analyzeReleasingBodies(*releasing.program);
-    EXPECT_EQ(releasing.records(), keeping.records());
-    EXPECT_GE(releasing.records().size(), 3u) << releasing.describeAll();
+const SameReports SAME_REPORTS[] = {
+    // What later code reads of an earlier declaration: a function's
+    // signature for a call, a generic class's methods for its
+    // specialisation, a short form's inferred result, an overload set, and
+    // a method through a subclass. Its body is gone by then.
+    {"later code reads only signatures",
+     "class Box<T> {\n"
+     "    public T value;\n"
+     "    public fn get(): T {\n"
+     "        return this.value;\n"
+     "    }\n"
+     "}\n"
+     "class Base {\n"
+     "    public fn size(): int {\n"
+     "        return 1;\n"
+     "    }\n"
+     "}\n"
+     "class Derived extends Base {\n"
+     "}\n"
+     "fn label(n: int): string {\n"
+     "    return \"n\";\n"
+     "}\n"
+     "fn label(s: string): string {\n"
+     "    return s;\n"
+     "}\n"
+     "fn inferred(x: int) => x + 1;\n"
+     "fn use(): int {\n"
+     "    let box: Box<int> = new Box<int>();\n"
+     "    let fromBox: string = box.get();\n"
+     "    let fromLabel: int = label(3);\n"
+     "    let fromShort: string = inferred(2);\n"
+     "    let fromBase: string = new Derived().size();\n"
+     "    return 0;\n"
+     "}\n",
+     4},
+    // A body whose check reports still reports everything before it is
+    // freed, and the functions after it are checked as usual.
+    {"reports from inside a freed body",
+     "fn first(): int {\n"
+     "    let s: string = 5;\n"
+     "    return \"x\";\n"
+     "}\n"
+     "fn second(): bool {\n"
+     "    while (1) {\n"
+     "    }\n"
+     "}\n",
+     4},
+};
+
+TEST(ReleasingBodies, FreeingTheCheckedBodiesLeavesTheReportsAsTheyAre) {
+    for (const SameReports& program : SAME_REPORTS) {
+        Analysis keeping(program.source);
+        keeping.analyze();
+        Analysis releasing(program.source);
+        releasing.analyzeReleasingBodies();
+        EXPECT_EQ(releasing.records(), keeping.records()) << program.what;
+        EXPECT_EQ(releasing.records().size(), program.reports) << program.what << "\n" << releasing.describeAll();
+    }
 }
 
 // The functions of an extern block, a block at the top level, are checked
@@ -140,7 +146,7 @@ TEST(ReleasingBodies, FunctionsOfAnExternBlockAreFreed) {
     Analysis analysis(source);
     ASSERT_EQ(analysis.program->declarations.size(), 1u);
     ASSERT_EQ(analysis.program->declarations[0]->nodeKind, ast::NodeKind::BlockStmt);
-    analysis.analyzer->analyzeReleasingBodies(*analysis.program);
+    analysis.analyzeReleasingBodies();
     const auto& block = static_cast<const ast::BlockStmt&>(*analysis.program->declarations[0]);
     ASSERT_EQ(block.statements.size(), 1u);
     EXPECT_EQ(static_cast<const ast::FunctionDecl&>(*block.statements[0]).body, nullptr);
