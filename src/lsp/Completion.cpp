@@ -78,7 +78,7 @@ JsonValue LspServer::handleCompletion(const JsonValue&, const JsonValue& params)
     JsonValue items = JsonValue::makeArray();
     addFixedItems(items);
     const std::string uri = params["textDocument"]["uri"].getString();
-    const std::string text = getDocument(uri);
+    const std::string& text = storedText(uri);
     if (text.empty()) return items;
     const doc::DocGenerator generator(doc::defaultDocOptions());
     addDeclarationItems(items, generator.extractModule(text, uri));

@@ -10,7 +10,7 @@ namespace quor::lsp {
 JsonValue LspServer::handleDefinition(const JsonValue&, const JsonValue& params) {
     const std::string uri = params["textDocument"]["uri"].getString();
     const Position position = Position::fromJson(params["position"]);
-    const std::string text = getDocument(uri);
+    const std::string& text = storedText(uri);
     const std::string word = extractWordAtPosition(text, position.line, position.character);
     if (word.empty()) return JsonValue();
 

@@ -32,7 +32,7 @@ std::vector<Diagnostic> LspServer::computeDiagnostics(const std::string& uri, co
 // wait for that. It is gone before the next message is read.
 void LspServer::publishDiagnostics(const std::string& uri) {
     frontend::FrontEndResult pass;
-    std::vector<Diagnostic> found = computeDiagnostics(uri, getDocument(uri), pass);
+    std::vector<Diagnostic> found = computeDiagnostics(uri, storedText(uri), pass);
     JsonValue list(JsonValue::Type::Array);
     for (const Diagnostic& diagnostic : found) list.push(diagnostic.toJson());
     JsonValue params(JsonValue::Type::Object);

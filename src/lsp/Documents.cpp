@@ -30,9 +30,12 @@ void LspServer::updateDocument(const std::string& uri, const std::string& text) 
 
 void LspServer::closeDocument(const std::string& uri) { documents.erase(uri); }
 
-std::string LspServer::getDocument(const std::string& uri) const {
+std::string LspServer::getDocument(const std::string& uri) const { return storedText(uri); }
+
+const std::string& LspServer::storedText(const std::string& uri) const {
+    static const std::string NO_TEXT;
     auto found = documents.find(uri);
-    return found != documents.end() ? found->second : std::string();
+    return found != documents.end() ? found->second : NO_TEXT;
 }
 
 }  // namespace quor::lsp

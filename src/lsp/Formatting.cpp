@@ -38,7 +38,7 @@ Position endOfText(const std::string& text) {
 
 JsonValue LspServer::handleFormatting(const JsonValue&, const JsonValue& params) {
     JsonValue edits = JsonValue::makeArray();
-    const std::string text = getDocument(params["textDocument"]["uri"].getString());
+    const std::string& text = storedText(params["textDocument"]["uri"].getString());
     if (text.empty()) return edits;
 
     TextEdit edit;

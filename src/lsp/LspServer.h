@@ -70,6 +70,11 @@ public:
     bool isInitialized() const { return initialized; }
 
 private:
+    // The stored text itself, for the handlers that only read it while they
+    // run (nothing changes the store meanwhile); empty for an unknown URI.
+    // A large document is not copied for every keystroke and request.
+    const std::string& storedText(const std::string& uri) const;
+
     std::istream& input;
     std::ostream& output;
     bool running = true;

@@ -27,7 +27,7 @@ JsonValue LspServer::handleRename(const JsonValue&, const JsonValue& params) {
     const std::string uri = params["textDocument"]["uri"].getString();
     const Position position = Position::fromJson(params["position"]);
     const std::string newName = params["newName"].getString();
-    const std::string text = getDocument(uri);
+    const std::string& text = storedText(uri);
     const std::string word = extractWordAtPosition(text, position.line, position.character);
     if (word.empty() || newName.empty()) return JsonValue();
 
