@@ -120,7 +120,7 @@ void TypeChecker::visit(const ast::Program& node) {
     // Room for the types of the expressions to come, so that the record is
     // not copied again and again while it grows; a declaration of a real
     // program holds about a dozen expressions.
-    exprTypes.reserveMore(node.declarations.size() * EXPRESSIONS_PER_DECLARATION);
+    if (!releaseBodies) exprTypes.reserveMore(node.declarations.size() * EXPRESSIONS_PER_DECLARATION);
     for (const auto& declaration : node.declarations) {
         if (!declaration || declaration->nodeKind != NodeKind::FunctionDecl) continue;
         const auto& function = static_cast<const ast::FunctionDecl&>(*declaration);

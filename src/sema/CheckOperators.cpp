@@ -266,7 +266,7 @@ void TypeChecker::visit(const ast::BinaryExpr& node) {
             left = applyRules(*this, Arity::Binary, binary.op, Operands{left, &right}, binary.location);
         }
         // The outermost node is recorded by the checkExpr that visits it.
-        if (&binary != &node) exprTypes.record(&binary, left);
+        if (&binary != &node) recordType(binary, left);
     }
     currentType = left;
 }

@@ -1,6 +1,6 @@
 // The checker's entry points: the walk from the program, the typing of one
-// expression (which records every result by node), and the report shorthand
-// that every visit file uses.
+// expression (which records every result by node, unless the walk frees
+// bodies), and the report shorthand that every visit file uses.
 #include "sema/TypeChecker.h"
 
 namespace quor::sema {
@@ -25,8 +25,12 @@ TypePtr TypeChecker::checkExpr(const ast::ExpressionNode& node) {
     // A visit that found nothing to give (a symbol without a type, a type
     // text that names nothing) leaves null: that is the error type, silently.
     if (!currentType) currentType = types.errorType;
-    exprTypes.record(&node, currentType);
+    recordType(node, currentType);
     return currentType;
+}
+
+void TypeChecker::recordType(const ast::ExpressionNode& node, const TypePtr& type) {
+    if (!releaseBodies) exprTypes.record(&node, type);
 }
 
 void TypeChecker::checkStmt(const ast::StatementNode& node) { node.accept(*this); }

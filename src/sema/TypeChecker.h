@@ -29,7 +29,8 @@ public:
     // function has been checked, while its nodes are still in the cache.
     // Nothing the checker reads later lies in a body (calls read a callee's
     // signature, specialisation a method's); the declarations stay whole.
-    // The expression record keeps the freed nodes' addresses as keys only.
+    // Such a walk keeps no expression record: its keys would name freed
+    // nodes, and only tests read it, through `check`.
     void checkReleasingBodies(ast::Program& program);
     // Types an expression; never null (a visit that leaves none gives the error type).
     TypePtr checkExpr(const ast::ExpressionNode& node);
@@ -98,6 +99,9 @@ private:
     void checkDeclaredFunction(const ast::ASTNode& function);
 
     bool releaseBodies = false;
+
+    // Notes an expression's type in the record, unless bodies are being freed.
+    void recordType(const ast::ExpressionNode& node, const TypePtr& type);
 
     // Call forms (one per callee shape), each leaving the call's type.
     void checkCallByName(const ast::CallExpr& call, const std::string& name, const std::vector<TypePtr>& argTypes);

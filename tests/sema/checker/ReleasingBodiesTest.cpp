@@ -66,6 +66,19 @@ TEST(ReleasingBodies, ThePlainAnalysisKeepsEveryBody) {
     EXPECT_NE(static_cast<const ast::FunctionDecl&>(*counter.members[1]).body, nullptr);
 }
 
+// The record of expression types is kept by the plain walk only: the
+// releasing walk's keys would name nodes it has freed.
+TEST(ReleasingBodies, OnlyThePlainAnalysisRecordsExpressionTypes) {
+    Analysis plain(DECLARATIONS);
+    plain.analyze();
+    EXPECT_FALSE(plain.analyzer->checker.exprTypes.empty());
+
+    Analysis releasing(DECLARATIONS);
+    releasing.analyzeReleasingBodies();
+    EXPECT_TRUE(releasing.analyzer->checker.exprTypes.empty());
+    EXPECT_EQ(releasing.records(), plain.records());
+}
+
 // Programs whose reports must not change when bodies are freed, and how
 // many reports each has.
 struct SameReports {
