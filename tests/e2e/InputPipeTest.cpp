@@ -22,36 +22,9 @@ const std::string INITIALIZE = R"({"jsonrpc":"2.0","id":1,"method":"initialize",
 const std::string SHUTDOWN = R"({"jsonrpc":"2.0","id":2,"method":"shutdown"})";
 const std::string EXIT = R"({"jsonrpc":"2.0","method":"exit"})";
 
-// Reads from `fd` until `text` has arrived or a safety limit passes.
-bool awaitText(int fd, const std::string& text, std::string& seen) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (seen.find(text) == std::string::npos) {
-        if (std::chrono::steady_clock::now() > deadline) return false;
-        pollfd descriptor{fd, POLLIN, 0};
-        if (::poll(&descriptor, 1, 1000) <= 0) continue;
-        char chunk[4096];
-        const ssize_t count = ::read(fd, chunk, sizeof chunk);
-        if (count <= 0) return false;
-        seen.append(chunk, static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-void writeAll(int fd, const std::string& bytes) {
-    std::size_t written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count = ::write(fd, bytes.data() + written, bytes.size() - written);
-        if (count <= 0) return;
-        written += static_cast<std::size_t>(count);
-    }
-}
-
-// The exit status of a finished child, -1 when it did not exit normally.
-int exitStatusOf(pid_t child) {
-    int status = 0;
-    if (::waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
-    return WEXITSTATUS(status);
-}
+using quor::e2e::awaitText;
+using quor::e2e::exitStatusOf;
+using quor::e2e::writeAll;
 
 TEST(InputPipe, TheServerWidensThePipeItReadsTo1MiB) {
     ::signal(SIGPIPE, SIG_IGN);

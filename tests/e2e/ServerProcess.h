@@ -160,11 +160,14 @@ inline ProcessResult runServer(const std::string& input, const std::vector<std::
 
 // Starts the language server reading `input` and writing to `output`, for a
 // test that drives it a message at a time. The child closes its copies of
-// both and of `otherEnds` (the caller's ends of the same pipes). Returns the
-// child's id, negative when it could not be started.
-inline pid_t startServerOn(int input, int output, std::initializer_list<int> otherEnds) {
+// both and of `otherEnds` (the caller's ends of the same pipes). A given
+// `stackLimit` (soft and hard) is set for the child before the server starts.
+// Returns the child's id, negative when it could not be started.
+inline pid_t startServerOn(int input, int output, std::initializer_list<int> otherEnds,
+                           const rlimit* stackLimit = nullptr) {
     const pid_t pid = ::fork();
     if (pid == 0) {
+        if (stackLimit != nullptr) ::setrlimit(RLIMIT_STACK, stackLimit);
         ::dup2(input, 0);
         ::dup2(output, 1);
         ::close(input);
@@ -176,6 +179,37 @@ inline pid_t startServerOn(int input, int output, std::initializer_list<int> oth
     return pid;
 }
 #endif
+
+// Reads from `fd` until `text` has arrived or a safety limit passes.
+inline bool awaitText(int fd, const std::string& text, std::string& seen) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (seen.find(text) == std::string::npos) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        pollfd descriptor{fd, POLLIN, 0};
+        if (::poll(&descriptor, 1, 1000) <= 0) continue;
+        char chunk[4096];
+        const ssize_t count = ::read(fd, chunk, sizeof chunk);
+        if (count <= 0) return false;
+        seen.append(chunk, static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+inline void writeAll(int fd, const std::string& bytes) {
+    std::size_t written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(fd, bytes.data() + written, bytes.size() - written);
+        if (count <= 0) return;
+        written += static_cast<std::size_t>(count);
+    }
+}
+
+// The exit status of a finished child, -1 when it did not exit normally.
+inline int exitStatusOf(pid_t child) {
+    int status = 0;
+    if (::waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
+    return WEXITSTATUS(status);
+}
 
 // "Content-Length: N\r\n\r\n" followed by the body.
 inline std::string frame(const std::string& body) {
