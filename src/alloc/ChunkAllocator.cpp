@@ -8,6 +8,10 @@
 
 #include <sys/mman.h>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace quor::alloc {
 
 namespace {
@@ -213,8 +217,25 @@ char* takeKept(std::size_t size) {
 // from the capacity.
 bool mappedOnItsOwn(std::size_t capacity) { return capacity >= MAPPED_LARGE_MIN; }
 
+// Left to itself, the C library hands the top of its heap back to the
+// kernel whenever a few hundred KiB lie free there, and maps each block of
+// 128 KiB or more on its own and unmaps it when freed; the next pass or
+// request then faults the same pages in again, hundreds of times for one
+// completion over 10,000 lines. Fixed limits make it keep that memory: it
+// maps nothing on its own below a huge page (larger blocks never reach it)
+// and trims its heap only past LIBRARY_TRIM_THRESHOLD.
+bool tuneLibraryAllocator() {
+#ifdef __GLIBC__
+    mallopt(M_MMAP_THRESHOLD, static_cast<int>(MAPPED_LARGE_MIN));
+    mallopt(M_TRIM_THRESHOLD, static_cast<int>(LIBRARY_TRIM_THRESHOLD));
+#endif
+    return true;
+}
+
 char* takeLarge(std::size_t size) {
     if (mappedOnItsOwn(size)) return static_cast<char*>(mapPages(wholePages(size + LARGE_PREFIX)));
+    static const bool tuned = tuneLibraryAllocator();
+    (void)tuned;
     auto* memory = static_cast<char*>(std::malloc(size + LARGE_PREFIX));
     if (memory == nullptr) throw std::bad_alloc();
     return memory;

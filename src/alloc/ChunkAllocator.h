@@ -44,6 +44,11 @@ inline constexpr std::size_t KEPT_LARGE_MIN = 256 * 1024;
 inline constexpr std::size_t MAX_KEPT_LARGE_BLOCKS = 16;
 inline constexpr std::size_t MAX_KEPT_LARGE_BYTES = 128 * 1024 * 1024;
 
+// The blocks in between, larger than a small block and smaller than a huge
+// page, come from the C library, whose heap is handed back to the kernel
+// only once this much of its top lies free.
+inline constexpr std::size_t LIBRARY_TRIM_THRESHOLD = 64 * 1024 * 1024;
+
 // At least `size` bytes, aligned to 16; throws std::bad_alloc when memory
 // runs out.
 void* allocate(std::size_t size);
