@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -40,6 +41,16 @@ class StatementNode : public ASTNode {
 protected:
     using ASTNode::ASTNode;
 };
+
+// Asks the processor for the memory a little past a node. Nodes lie in
+// memory about in the order the parser made them, which is close to the
+// order of a walk, so a walk over a large tree that asks this at each node
+// finds the nodes it reaches next already on their way from memory. A
+// tree small enough to stay in the caches gains nothing and loses nothing.
+inline void prefetchPast(const ASTNode& node) {
+    constexpr std::size_t DISTANCE = 2048;
+    __builtin_prefetch(reinterpret_cast<const char*>(&node) + DISTANCE);
+}
 
 using NodePtr = std::unique_ptr<ASTNode>;
 using ExprPtr = std::unique_ptr<ExpressionNode>;

@@ -35,7 +35,9 @@ void checkCondition(TypeChecker& checker, const ast::ExpressionNode& condition, 
 
 void acceptAll(TypeChecker& checker, const std::vector<ast::StmtPtr>& statements) {
     for (const auto& statement : statements) {
-        if (statement) statement->accept(checker);
+        if (!statement) continue;
+        ast::prefetchPast(*statement);
+        statement->accept(checker);
     }
 }
 

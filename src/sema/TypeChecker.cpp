@@ -21,6 +21,7 @@ void TypeChecker::checkDeclaredFunction(const ast::ASTNode& function) {
 }
 
 TypePtr TypeChecker::checkExpr(const ast::ExpressionNode& node) {
+    ast::prefetchPast(node);
     node.accept(*this);
     // A visit that found nothing to give (a symbol without a type, a type
     // text that names nothing) leaves null: that is the error type, silently.
