@@ -45,11 +45,13 @@ protected:
 // Asks the processor for the memory a little past a node. Nodes lie in
 // memory about in the order the parser made them, which is close to the
 // order of a walk, so a walk over a large tree that asks this at each node
-// finds the nodes it reaches next already on their way from memory. A
+// finds the nodes it reaches next already on their way from memory. Three
+// lines are asked for, 2, 3 and 4 KiB ahead: a walk does not stop at every
+// node, and the lines it would skip over are asked for by a later node. A
 // tree small enough to stay in the caches gains nothing and loses nothing.
 inline void prefetchPast(const ASTNode& node) {
-    constexpr std::size_t DISTANCE = 2048;
-    __builtin_prefetch(reinterpret_cast<const char*>(&node) + DISTANCE);
+    constexpr std::size_t DISTANCES[] = {2048, 3072, 4096};
+    for (std::size_t distance : DISTANCES) __builtin_prefetch(reinterpret_cast<const char*>(&node) + distance);
 }
 
 using NodePtr = std::unique_ptr<ASTNode>;
