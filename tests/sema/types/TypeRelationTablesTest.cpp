@@ -495,20 +495,6 @@ TEST(PrimitivePairs, EveryPairFollowsTheWideningRowsAndTheAbsorbingKinds) {
     }
 }
 
-TEST(TypeKindNumbers, TheEnumeratorsHoldTheirFixedValues) {
-    const std::pair<TypeKind, std::uint32_t> rows[] = {
-        {TypeKind::Void, 0},      {TypeKind::Null, 1},      {TypeKind::Bool, 2},       {TypeKind::Int8, 3},
-        {TypeKind::UInt8, 4},     {TypeKind::Int16, 5},     {TypeKind::UInt16, 6},     {TypeKind::Int, 7},
-        {TypeKind::UInt, 8},      {TypeKind::Int64, 9},     {TypeKind::UInt64, 10},    {TypeKind::Float, 11},
-        {TypeKind::Double, 12},   {TypeKind::Char, 13},     {TypeKind::String, 14},    {TypeKind::Array, 15},
-        {TypeKind::Map, 16},      {TypeKind::Nullable, 17}, {TypeKind::Function, 18},  {TypeKind::Class, 19},
-        {TypeKind::Interface, 20}, {TypeKind::Struct, 21},  {TypeKind::Enum, 22},      {TypeKind::Any, 23},
-        {TypeKind::Unknown, 24},  {TypeKind::Error, 25},
-    };
-    static_assert(sizeof(TypeKind) == 4);
-    for (const auto& [kind, value] : rows) EXPECT_EQ(static_cast<std::uint32_t>(kind), value);
-}
-
 TEST(TypeKindNumbers, TheNumericPredicatesSortEveryKind) {
     // kind, signed, unsigned, floating point
     struct Row {
