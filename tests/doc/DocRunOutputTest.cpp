@@ -124,17 +124,6 @@ TEST(DocRunOutput, SwitchesChooseTheFiles) {
     }
 }
 
-TEST(DocRunOutput, EmptyOutputDirectoryMeansTheOption) {
-    ScratchDirectory scratch("run_default_dir");
-    std::string file = scratch.write("lib.quor", "fn f() {}\n");
-    DocOptions options = defaultDocOptions();
-    options.outputDir = scratch.path("configured");
-    RunResult result = run(DocGenerator(options), file, "");
-    EXPECT_TRUE(result.ok);
-    EXPECT_EQ(result.out, "Successfully generated documentation for 1 module(s) in " + options.outputDir + "\n");
-    EXPECT_EQ(listDirectory(options.outputDir), (Names{"index.html", "index.md", "lib.html", "lib.md"}));
-}
-
 TEST(DocRunOutput, SameNamesOverwriteButIndexListsBoth) {
     ScratchDirectory scratch("run_same_names");
     scratch.write("src/a/x.quor", "/// First.\nmodule x;\n");

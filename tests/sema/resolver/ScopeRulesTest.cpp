@@ -213,16 +213,6 @@ TEST(ScopeRules, LookupFunctionsGivesTheNearestFunctionBindingWithItsOverloads) 
 // ---------------------------------------------------------------------------
 // The scope stack.
 
-TEST(SymbolTableRules, StartsWithTheGlobalScopeAlone) {
-    SymbolTable table;
-    ASSERT_TRUE(table.globalScope);
-    EXPECT_EQ(table.globalScope->kind, ScopeKind::Global);
-    EXPECT_EQ(table.globalScope->parent, nullptr);
-    EXPECT_EQ(table.currentScope, table.globalScope);
-    ASSERT_EQ(table.scopeStack.size(), 1u);
-    EXPECT_EQ(table.scopeStack[0], table.globalScope);
-}
-
 TEST(SymbolTableRules, EnterAndExitMoveTheCurrentScope) {
     SymbolTable table;
     table.enterScope(ScopeKind::Function);
