@@ -91,6 +91,7 @@ public:
           members(std::move(members)),
           visibility(std::move(visibility)),
           isAbstract(isAbstract) {}
+    ~ClassDecl() override { releaseInOrder(members); }
     void accept(ASTVisitor& visitor) const override;
 
     std::string name;

@@ -14,6 +14,7 @@ class Program final : public ASTNode {
 public:
     Program(std::vector<NodePtr> declarations, diagnostics::SourceLocation location)
         : ASTNode(NodeKind::Program, std::move(location)), declarations(std::move(declarations)) {}
+    ~Program() override { releaseInOrder(declarations); }
     void accept(ASTVisitor& visitor) const override;
 
     std::vector<NodePtr> declarations;

@@ -133,8 +133,21 @@ TypeContext::TypeContext() {
 // Classes refer to each other and to themselves (fields, factories,
 // superclasses), so shared ownership alone would keep them alive after the
 // analysis. Emptying every named type this context made breaks those loops.
+//
+// The types of a large document lie far apart and long out of the caches
+// by now, so the walk asks for each type eight places before it empties it,
+// and for a class's members (its method list and first field) four places
+// before, when the class itself has arrived.
 TypeContext::~TypeContext() {
-    for (const auto& type : namedTypes) {
+    constexpr std::size_t AHEAD = 4;
+    for (std::size_t i = 0; i < namedTypes.size(); ++i) {
+        if (i + 2 * AHEAD < namedTypes.size()) __builtin_prefetch(namedTypes[i + 2 * AHEAD].get());
+        if (i + AHEAD < namedTypes.size() && namedTypes[i + AHEAD]->kind == TypeKind::Class) {
+            const auto& coming = static_cast<const ClassType&>(*namedTypes[i + AHEAD]);
+            __builtin_prefetch(coming.methods.data());
+            if (!coming.fields.empty()) __builtin_prefetch(&*coming.fields.begin());
+        }
+        const auto& type = namedTypes[i];
         switch (type->kind) {
             case TypeKind::Class: {
                 auto& cls = static_cast<ClassType&>(*type);
