@@ -14,7 +14,8 @@ class Program final : public ASTNode {
 public:
     Program(std::vector<NodePtr> declarations, diagnostics::SourceLocation location)
         : ASTNode(NodeKind::Program, std::move(location)), declarations(std::move(declarations)) {}
-    ~Program() override { releaseInOrder(declarations); }
+    // Frees the declarations in order, each asked for from memory ahead.
+    ~Program() override;
     void accept(ASTVisitor& visitor) const override;
 
     std::vector<NodePtr> declarations;
