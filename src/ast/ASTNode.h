@@ -64,7 +64,7 @@ template <typename Pointer>
 void releaseInOrder(std::vector<Pointer>& nodes) {
     constexpr std::size_t DISTANCE = 4;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        if (i + DISTANCE < nodes.size()) __builtin_prefetch(nodes[i + DISTANCE].get());
+        if (i + DISTANCE < nodes.size() && nodes[i + DISTANCE]) __builtin_prefetch(nodes[i + DISTANCE].get());
         nodes[i].reset();
     }
 }

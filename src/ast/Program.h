@@ -14,7 +14,7 @@ class Program final : public ASTNode {
 public:
     Program(std::vector<NodePtr> declarations, diagnostics::SourceLocation location)
         : ASTNode(NodeKind::Program, std::move(location)), declarations(std::move(declarations)) {}
-    // Frees the declarations in order, each asked for from memory ahead.
+    // Frees the declarations in order, asking for each ahead.
     ~Program() override;
     void accept(ASTVisitor& visitor) const override;
 
@@ -25,12 +25,16 @@ public:
     bool mayNestEnums = true;
 };
 
-// Asks the processor for the declaration a few places ahead of `index`. A
-// loop over the declarations of a large program otherwise waits on memory
-// for each one in turn: they lie far apart, each after its whole body.
-inline void prefetchAhead(const std::vector<NodePtr>& declarations, std::size_t index) {
-    constexpr std::size_t DISTANCE = 6;
-    if (index + DISTANCE < declarations.size()) __builtin_prefetch(declarations[index + DISTANCE].get());
-}
+// Asks the processor for what a walk over a list of declarations reaches
+// next. The declarations of a large program lie far apart, each after its
+// whole body, and a function's body and a class's members lie after their
+// own contents; a loop over them would wait on memory for each in turn. So
+// the asking goes in three stages, each needing the one before to have
+// arrived: the declaration eight places ahead of `index`, the lists it holds
+// four places ahead (a function's parameters and body, a class's members),
+// and what those hold at the next place (the body's statements, the members
+// themselves). Used by both resolver passes, the checker and the freeing of
+// a program.
+void prefetchDeclarationsAhead(const std::vector<NodePtr>& declarations, std::size_t index);
 
 }  // namespace quor::ast

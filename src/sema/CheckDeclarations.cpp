@@ -126,7 +126,9 @@ void TypeChecker::visit(const ast::Program& node) {
         const auto& function = static_cast<const ast::FunctionDecl&>(*declaration);
         if (function.exprBody && infersItsResult(function)) visit(function);
     }
-    for (const auto& declaration : node.declarations) {
+    for (std::size_t i = 0; i < node.declarations.size(); ++i) {
+        ast::prefetchDeclarationsAhead(node.declarations, i);
+        const auto& declaration = node.declarations[i];
         if (!declaration) continue;
         switch (declaration->nodeKind) {
             case NodeKind::FunctionDecl:
@@ -182,7 +184,9 @@ void TypeChecker::visit(const ast::ClassDecl& node) {
     symbols.define(std::make_shared<VariableSymbol>("this", classType, node.location));
     defineOwnFields(*this, *classType, node);
     verifyInterfaceImplementations(node, classType);
-    for (const auto& member : node.members) {
+    for (std::size_t i = 0; i < node.members.size(); ++i) {
+        ast::prefetchDeclarationsAhead(node.members, i);
+        const auto& member = node.members[i];
         if (!member) continue;
         if (member->nodeKind == NodeKind::VarDeclStmt) {
             const auto& field = static_cast<const ast::VarDeclStmt&>(*member);

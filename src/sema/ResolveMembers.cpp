@@ -142,7 +142,7 @@ std::int64_t nextValue(std::int64_t value) { return static_cast<std::int64_t>(st
 void NameResolver::pass2_resolveMembersAndInheritance(const ast::Program& program) {
     InheritanceWindow window(inheritance);
     for (std::size_t i = 0; i < program.declarations.size(); ++i) {
-        ast::prefetchAhead(program.declarations, i);
+        ast::prefetchDeclarationsAhead(program.declarations, i);
         const auto& node = program.declarations[i];
         if (!node) continue;
         switch (node->nodeKind) {

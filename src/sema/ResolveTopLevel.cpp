@@ -46,7 +46,7 @@ void NameResolver::resolve(const ast::Program& program) {
 void NameResolver::pass1_collectTopLevel(const ast::Program& program) {
     bodiesMayNestEnums = program.mayNestEnums;
     for (std::size_t i = 0; i < program.declarations.size(); ++i) {
-        ast::prefetchAhead(program.declarations, i);
+        ast::prefetchDeclarationsAhead(program.declarations, i);
         const auto& node = program.declarations[i];
         if (!node) continue;
         switch (node->nodeKind) {

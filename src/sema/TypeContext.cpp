@@ -144,7 +144,7 @@ TypeContext::~TypeContext() {
         if (i + 2 * AHEAD < namedTypes.size()) __builtin_prefetch(namedTypes[i + 2 * AHEAD].get());
         if (i + AHEAD < namedTypes.size() && namedTypes[i + AHEAD]->kind == TypeKind::Class) {
             const auto& coming = static_cast<const ClassType&>(*namedTypes[i + AHEAD]);
-            __builtin_prefetch(coming.methods.data());
+            if (!coming.methods.empty()) __builtin_prefetch(coming.methods.data());
             if (!coming.fields.empty()) __builtin_prefetch(&*coming.fields.begin());
         }
         const auto& type = namedTypes[i];
