@@ -3,6 +3,7 @@
 // chain is walked as it stands.
 #include "sema/InheritanceIndex.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "sema/ClassChain.h"
@@ -22,6 +23,17 @@ void InheritanceIndex::stop() {
     fieldOwners.clear();
     methodOwners.clear();
     foundFields.clear();
+}
+
+bool InheritanceIndex::counted(const ClassType& start) const {
+    if (!active) return false;
+    const ClassType* current = &start;
+    for (std::size_t steps = 0; steps < SHORT_CHAIN && current != nullptr; ++steps) current = current->superclass.get();
+    return current != nullptr;
+}
+
+bool InheritanceIndex::isTracked(const ClassType& cls) const {
+    return active && !tracked.empty() && tracked.count(&cls) != 0;
 }
 
 void InheritanceIndex::track(const ClassType& cls) {
@@ -56,9 +68,10 @@ const ClassType* InheritanceIndex::findOnChain(const ClassType* start, Predicate
         }
         return nullptr;
     }
-    // Every class of a walked chain is tracked, so no chain is longer than
-    // that count; the bound ends only a walk that would go round in a circle.
-    std::size_t steps = tracked.size();
+    // A chain is either short or tracked whole, so no chain is longer than
+    // the larger of SHORT_CHAIN and the count of tracked classes; the bound
+    // ends only a walk that would go round in a circle.
+    std::size_t steps = std::max(tracked.size(), SHORT_CHAIN);
     for (const ClassType* cls = start; cls != nullptr && steps > 0; cls = cls->superclass.get(), --steps) {
         if (hit(*cls)) return cls;
     }
@@ -67,7 +80,7 @@ const ClassType* InheritanceIndex::findOnChain(const ClassType* start, Predicate
 
 bool InheritanceIndex::chainHasName(const ClassType& start, const std::string& name) {
     auto named = [&name](const ClassType& cls) { return cls.name == name; };
-    if (!active) return findOnChain(&start, named) != nullptr;
+    if (!counted(start)) return findOnChain(&start, named) != nullptr;
     track(start);
     if (start.name == name) return true;
     // Every class above `start` is the superclass of a tracked class.
@@ -77,7 +90,7 @@ bool InheritanceIndex::chainHasName(const ClassType& start, const std::string& n
 
 bool InheritanceIndex::chainHasClass(const ClassType& start, const ClassType& target) {
     auto same = [&target](const ClassType& cls) { return &cls == &target; };
-    if (!active) return findOnChain(&start, same) != nullptr;
+    if (!counted(start)) return findOnChain(&start, same) != nullptr;
     track(start);
     if (&start == &target) return true;
     // A class with no subclass is above nothing.
@@ -87,7 +100,7 @@ bool InheritanceIndex::chainHasClass(const ClassType& start, const ClassType& ta
 
 bool InheritanceIndex::chainHasField(const ClassType& start, const std::string& fieldName) {
     auto owns = [&fieldName](const ClassType& cls) { return cls.fields.find(fieldName) != cls.fields.end(); };
-    if (!active) return findOnChain(&start, owns) != nullptr;
+    if (!counted(start)) return findOnChain(&start, owns) != nullptr;
     track(start);
     if (owns(start)) return true;
     if (fieldOwners.find(fieldName) == fieldOwners.end()) return false;
@@ -111,7 +124,7 @@ bool InheritanceIndex::chainHasMethod(const ClassType* start, const std::string&
         }
         return false;
     };
-    if (active) {
+    if (counted(*start)) {
         track(*start);
         if (methodOwners.find(methodName) == methodOwners.end()) return false;
     }
@@ -119,8 +132,7 @@ bool InheritanceIndex::chainHasMethod(const ClassType* start, const std::string&
 }
 
 void InheritanceIndex::link(ClassType& derived, const std::shared_ptr<ClassType>& base) {
-    if (active) {
-        track(derived);
+    if (isTracked(derived)) {
         if (base) track(*base);
         if (derived.superclass) {
             countSubclass(*derived.superclass, false);
@@ -133,8 +145,7 @@ void InheritanceIndex::link(ClassType& derived, const std::shared_ptr<ClassType>
 }
 
 void InheritanceIndex::addField(ClassType& owner, MemberField field) {
-    if (active) {
-        track(owner);
+    if (isTracked(owner)) {
         if (owner.fields.find(field.name) == owner.fields.end()) ++fieldOwners[field.name];
     }
     std::string name = field.name;
@@ -142,8 +153,7 @@ void InheritanceIndex::addField(ClassType& owner, MemberField field) {
 }
 
 void InheritanceIndex::addMethod(ClassType& owner, MemberMethod method) {
-    if (active) {
-        track(owner);
+    if (isTracked(owner)) {
         ++methodOwners[method.name];
     }
     owner.addMethod(std::move(method));

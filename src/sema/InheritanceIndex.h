@@ -18,9 +18,14 @@ namespace quor::sema {
 //
 // The counts are kept only between `start` and `stop`, while the resolver is
 // the only code that changes the classes it reaches, and it does so through
-// `link`, `addField` and `addMethod`. A class is taken into the counts the
-// first time one of the operations meets it, together with its whole chain.
-// Outside that window every question is answered by the plain walk.
+// `link`, `addField` and `addMethod`. They pay off only on long chains: a
+// question about a chain that ends within SHORT_CHAIN classes is answered by
+// the plain walk, and a class is taken into the counts, together with its
+// whole chain, the first time a question about a longer chain meets it.
+// From then on every change to it updates the counts; a change to a class
+// not taken in leaves them alone, since it is counted as it stands when it
+// is taken in. Outside the window every question is answered by the plain
+// walk.
 class InheritanceIndex {
 public:
     void start();
@@ -42,7 +47,14 @@ public:
     void addField(ClassType& owner, MemberField field);
     void addMethod(ClassType& owner, MemberMethod method);
 
+    // Chains that end within this many classes are walked as they stand.
+    static constexpr std::size_t SHORT_CHAIN = 16;
+
 private:
+    // Whether the counts are kept and the chain from `start` is longer than
+    // SHORT_CHAIN (or runs back into itself).
+    bool counted(const ClassType& start) const;
+    bool isTracked(const ClassType& cls) const;
     // Takes `cls` and every class above it into the counts.
     void track(const ClassType& cls);
     void countSubclass(const ClassType& base, bool added);

@@ -153,5 +153,50 @@ TEST(ResolverChainIndex, AfterStopChangesMadeDirectlyAreSeen) {
     EXPECT_TRUE(index.chainHasField(*forest.classes[4], "late"));
 }
 
+// A chain longer than the index walks uncounted: its classes are taken into
+// the counts by the first question about it, and changes made to them
+// afterwards through the index are seen by every later answer.
+TEST(ResolverChainIndex, AChainPastTheShortLimitAnswersAsAPlainWalkThroughChanges) {
+    TypeContext types;
+    const std::size_t length = InheritanceIndex::SHORT_CHAIN + 10;
+    std::vector<std::shared_ptr<ClassType>> chain;
+    for (std::size_t i = 0; i < length; ++i) chain.push_back(types.createClassType("L" + std::to_string(i)));
+    InheritanceIndex index;
+    index.start();
+    for (std::size_t i = 1; i < length; ++i) {
+        EXPECT_FALSE(index.chainHasClass(*chain[i - 1], *chain[i]));
+        index.link(*chain[i], chain[i - 1]);
+    }
+    const ClassType& leaf = *chain.back();
+    EXPECT_TRUE(index.chainHasName(leaf, "L0"));
+    EXPECT_FALSE(index.chainHasField(leaf, "deep"));
+    index.addField(*chain[0], MemberField{"deep", types.intType});
+    EXPECT_TRUE(index.chainHasField(leaf, "deep"));
+    EXPECT_TRUE(index.chainHasField(*chain[length / 2], "deep"));
+    const auto walk = types.getFunctionType({}, types.voidType);
+    EXPECT_FALSE(index.chainHasMethod(&leaf, "walk", *walk));
+    index.addMethod(*chain[1], MemberMethod{"walk", walk});
+    EXPECT_TRUE(index.chainHasMethod(&leaf, "walk", *walk));
+    EXPECT_FALSE(index.chainHasMethod(chain[0].get(), "walk", *walk));
+    // Cutting the chain in the middle takes the root's field and name away
+    // from every class below the cut.
+    const std::size_t cut = length / 2;
+    index.link(*chain[cut], nullptr);
+    EXPECT_FALSE(index.chainHasField(leaf, "deep"));
+    EXPECT_FALSE(index.chainHasName(leaf, "L0"));
+    EXPECT_FALSE(index.chainHasClass(leaf, *chain[0]));
+    EXPECT_FALSE(index.chainHasMethod(&leaf, "walk", *walk));
+    EXPECT_TRUE(index.chainHasField(*chain[cut - 1], "deep"));
+    for (const auto& cls : chain) {
+        for (const auto& target : {chain[0], chain[cut - 1], chain[cut], chain.back()}) {
+            EXPECT_EQ(index.chainHasClass(*cls, *target), walkHasClass(cls.get(), target.get()))
+                << cls->name << " / " << target->name;
+            EXPECT_EQ(index.chainHasName(*cls, target->name), walkHasName(cls.get(), target->name))
+                << cls->name << " / " << target->name;
+        }
+        EXPECT_EQ(index.chainHasField(*cls, "deep"), walkHasField(cls.get(), "deep")) << cls->name;
+    }
+}
+
 }  // namespace
 }  // namespace quor::sema::testing

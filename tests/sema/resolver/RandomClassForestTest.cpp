@@ -106,24 +106,74 @@ Records modelReports(const std::vector<ModelDecl>& decls) {
     return out;
 }
 
-std::vector<ModelDecl> randomProgram(std::mt19937& random, std::string& source) {
+// The name and base of each declaration of a random program; the members
+// are drawn the same way for every shape.
+struct Heading {
+    std::string name;
+    std::string base;  // empty for none
+};
+
+using Shape = Heading (*)(std::mt19937& random, std::size_t index, const std::vector<ModelDecl>& before);
+
+std::size_t pickBelow(std::mt19937& random, std::size_t count) {
+    return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);
+}
+
+// A handful of names, so that bases are often declared twice or circular.
+Heading smallForest(std::mt19937& random, std::size_t, const std::vector<ModelDecl>&) {
     const char* const classNames[] = {"A", "B", "C", "D", "F", "G"};
-    const char* const fieldNames[] = {"x", "y", "z"};
-    const char* const methodNames[] = {"m", "n"};
-    auto pick = [&random](std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(random); };
+    Heading heading{classNames[pickBelow(random, std::size(classNames))], ""};
+    const std::size_t baseChoice = pickBelow(random, 10);
+    if (baseChoice < 7) {
+        heading.base = classNames[pickBelow(random, std::size(classNames))];
+    } else if (baseChoice == 7) {
+        heading.base = "Nowhere";
+    }
+    return heading;
+}
+
+// Each class mostly extends the one declared just before it, so chains run
+// twenty to forty classes long, past what the resolver walks without its
+// counts; now and then a name is declared again (its members and base go to
+// the first class of that name) or a base is drawn from the whole program,
+// which may close a circle.
+Heading longChains(std::mt19937& random, std::size_t index, const std::vector<ModelDecl>& before) {
+    Heading heading{"K" + std::to_string(index), ""};
+    if (index > 0 && pickBelow(random, 12) == 0) heading.name = before[pickBelow(random, index)].name;
+    const std::size_t baseChoice = pickBelow(random, 20);
+    if (index > 0 && baseChoice < 16) {
+        heading.base = before.back().name;
+    } else if (baseChoice < 19) {
+        heading.base = "K" + std::to_string(pickBelow(random, 40));
+    }
+    return heading;
+}
+
+// Member names: a few shared by most classes, or a wider choice of which
+// each class holds only some, so that a name may be owned by no class yet.
+struct MemberNames {
+    std::vector<std::string> fields;
+    std::vector<std::string> methods;
+};
+
+const MemberNames FEW_NAMES{{"x", "y", "z"}, {"m", "n"}};
+const MemberNames MANY_NAMES{{"f0", "f1", "f2", "f3", "f4", "f5", "f6", "f7", "f8", "f9", "f10", "f11"},
+                             {"m0", "m1", "m2", "m3", "m4", "m5", "m6", "m7"}};
+
+std::vector<ModelDecl> randomProgram(std::mt19937& random, std::string& source, Shape shape, std::size_t least,
+                                     std::size_t most, const MemberNames& names) {
+    const std::vector<std::string>& fieldNames = names.fields;
+    const std::vector<std::string>& methodNames = names.methods;
+    auto pick = [&random](std::size_t count) { return pickBelow(random, count); };
     std::vector<ModelDecl> decls;
-    const std::size_t count = 2 + pick(14);
+    const std::size_t count = least + pick(most - least + 1);
     for (std::size_t i = 0; i < count; ++i) {
         ModelDecl decl;
         decl.line = static_cast<unsigned>(i + 1);
-        decl.name = classNames[pick(std::size(classNames))];
+        Heading heading = shape(random, i, decls);
+        decl.name = heading.name;
+        decl.base = heading.base;
         std::string line = "class " + decl.name;
-        const std::size_t baseChoice = pick(10);
-        if (baseChoice < 7) {
-            decl.base = classNames[pick(std::size(classNames))];
-        } else if (baseChoice == 7) {
-            decl.base = "Nowhere";
-        }
         if (!decl.base.empty()) line += " extends " + decl.base;
         line += " {";
         const std::size_t members = pick(5);
@@ -132,12 +182,12 @@ std::vector<ModelDecl> randomProgram(std::mt19937& random, std::string& source) 
             member.isField = pick(2) == 0;
             line += " ";
             if (member.isField) {
-                member.name = fieldNames[pick(std::size(fieldNames))];
+                member.name = fieldNames[pick(fieldNames.size())];
                 line += "int ";
                 member.column = static_cast<unsigned>(line.size() + 1);
                 line += member.name + ";";
             } else {
-                member.name = methodNames[pick(std::size(methodNames))];
+                member.name = methodNames[pick(methodNames.size())];
                 member.isOverride = pick(2) == 0;
                 if (member.isOverride) line += "override ";
                 member.column = static_cast<unsigned>(line.size() + 1);
@@ -156,7 +206,17 @@ TEST(RandomClassForest, ReportsMatchAPlainWalkOfEveryChain) {
     std::mt19937 random(20261124);
     for (int round = 0; round < 400; ++round) {
         std::string source;
-        const auto decls = randomProgram(random, source);
+        const auto decls = randomProgram(random, source, smallForest, 2, 15, FEW_NAMES);
+        auto a = resolved(source);
+        ASSERT_EQ(a->records(), modelReports(decls)) << "program " << round << ":\n" << source;
+    }
+}
+
+TEST(RandomClassForest, ReportsOnChainsLongerThanTheResolverWalksUncountedMatchAPlainWalk) {
+    std::mt19937 random(20261125);
+    for (int round = 0; round < 150; ++round) {
+        std::string source;
+        const auto decls = randomProgram(random, source, longChains, 20, 40, MANY_NAMES);
         auto a = resolved(source);
         ASSERT_EQ(a->records(), modelReports(decls)) << "program " << round << ":\n" << source;
     }
