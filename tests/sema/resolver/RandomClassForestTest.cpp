@@ -202,24 +202,25 @@ std::vector<ModelDecl> randomProgram(std::mt19937& random, std::string& source, 
     return decls;
 }
 
-TEST(RandomClassForest, ReportsMatchAPlainWalkOfEveryChain) {
-    std::mt19937 random(20261124);
-    for (int round = 0; round < 400; ++round) {
+// Resolves `rounds` random programs of the shape and compares every report
+// with the model's.
+void expectReportsOfTheModel(unsigned seed, int rounds, Shape shape, std::size_t least, std::size_t most,
+                             const MemberNames& names) {
+    std::mt19937 random(seed);
+    for (int round = 0; round < rounds; ++round) {
         std::string source;
-        const auto decls = randomProgram(random, source, smallForest, 2, 15, FEW_NAMES);
+        const auto decls = randomProgram(random, source, shape, least, most, names);
         auto a = resolved(source);
         ASSERT_EQ(a->records(), modelReports(decls)) << "program " << round << ":\n" << source;
     }
 }
 
+TEST(RandomClassForest, ReportsMatchAPlainWalkOfEveryChain) {
+    expectReportsOfTheModel(20261124, 400, smallForest, 2, 15, FEW_NAMES);
+}
+
 TEST(RandomClassForest, ReportsOnChainsLongerThanTheResolverWalksUncountedMatchAPlainWalk) {
-    std::mt19937 random(20261125);
-    for (int round = 0; round < 150; ++round) {
-        std::string source;
-        const auto decls = randomProgram(random, source, longChains, 20, 40, MANY_NAMES);
-        auto a = resolved(source);
-        ASSERT_EQ(a->records(), modelReports(decls)) << "program " << round << ":\n" << source;
-    }
+    expectReportsOfTheModel(20261125, 150, longChains, 20, 40, MANY_NAMES);
 }
 
 }  // namespace
