@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "ast/NodeKind.h"
 #include "diagnostics/SourceLocation.h"
@@ -53,20 +52,6 @@ protected:
 inline void prefetchPast(const ASTNode& node) {
     constexpr std::size_t DISTANCES[] = {2048, 3072, 4096};
     for (std::size_t distance : DISTANCES) __builtin_prefetch(reinterpret_cast<const char*>(&node) + distance);
-}
-
-// Destroys the nodes of a list in order, asking for each one a few places
-// before it is reached. Once the checker has freed the bodies, what is left
-// of a large tree (declarations, members, parameters) lies scattered over
-// memory long out of the caches, and freeing it node by node would wait on
-// memory at every one.
-template <typename Pointer>
-void releaseInOrder(std::vector<Pointer>& nodes) {
-    constexpr std::size_t DISTANCE = 4;
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        if (i + DISTANCE < nodes.size() && nodes[i + DISTANCE]) __builtin_prefetch(nodes[i + DISTANCE].get());
-        nodes[i].reset();
-    }
 }
 
 using NodePtr = std::unique_ptr<ASTNode>;

@@ -91,7 +91,8 @@ public:
           members(std::move(members)),
           visibility(std::move(visibility)),
           isAbstract(isAbstract) {}
-    ~ClassDecl() override { releaseInOrder(members); }
+    // Frees the members in order, asking for each ahead, as a program does.
+    ~ClassDecl() override;
     void accept(ASTVisitor& visitor) const override;
 
     std::string name;

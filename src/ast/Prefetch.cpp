@@ -51,11 +51,15 @@ void prefetchDeclarationsAhead(const std::vector<NodePtr>& declarations, std::si
 }
 
 // Freed one by one in order, each declaration would wait on memory.
-Program::~Program() {
+void releaseDeclarations(std::vector<NodePtr>& declarations) {
     for (std::size_t i = 0; i < declarations.size(); ++i) {
         prefetchDeclarationsAhead(declarations, i);
         declarations[i].reset();
     }
 }
+
+Program::~Program() { releaseDeclarations(declarations); }
+
+ClassDecl::~ClassDecl() { releaseDeclarations(members); }
 
 }  // namespace quor::ast

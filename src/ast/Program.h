@@ -33,8 +33,13 @@ public:
 // arrived: the declaration eight places ahead of `index`, the lists it holds
 // four places ahead (a function's parameters and body, a class's members),
 // and what those hold at the next place (the body's statements, the members
-// themselves). Used by both resolver passes, the checker and the freeing of
-// a program.
+// themselves). Used by both resolver passes, the checker and
+// releaseDeclarations.
 void prefetchDeclarationsAhead(const std::vector<NodePtr>& declarations, std::size_t index);
+
+// Frees the declarations of a list front to back, asking ahead as above, and
+// leaves the list holding nulls. A program's declarations and a class's
+// members are freed this way.
+void releaseDeclarations(std::vector<NodePtr>& declarations);
 
 }  // namespace quor::ast

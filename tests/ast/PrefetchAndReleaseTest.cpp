@@ -1,8 +1,8 @@
-// Freeing a list of nodes front to back, as a program's declarations and a
-// class's members are freed: every node once, in list order, null entries
-// passed over, and the list left holding nulls. And the look-ahead over a
-// list of declarations, which must read nothing outside the list and follow
-// no null, whatever the list holds.
+// The look-ahead over a list of declarations, which must read nothing
+// outside the list and follow no null, whatever the list holds; and freeing
+// such a list front to back with it, as a program's declarations and a
+// class's members are freed, which leaves the list holding nulls. Under the
+// sanitizers these also catch an entry freed twice or not at all.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -16,36 +16,6 @@ namespace {
 
 using namespace quor::ast;
 using quor::diagnostics::SourceLocation;
-
-struct Recorder {
-    Recorder(std::vector<int>& freed, int number) : freed(freed), number(number) {}
-    ~Recorder() { freed.push_back(number); }
-    std::vector<int>& freed;
-    int number;
-};
-
-TEST(ReleaseInOrder, FreesEveryEntryFrontToBackAndSkipsNulls) {
-    std::vector<int> freed;
-    std::vector<std::unique_ptr<Recorder>> list;
-    for (int number = 0; number < 12; ++number) {
-        list.push_back(number % 5 == 3 ? nullptr : std::make_unique<Recorder>(freed, number));
-    }
-    releaseInOrder(list);
-    EXPECT_EQ(freed, (std::vector<int>{0, 1, 2, 4, 5, 6, 7, 9, 10, 11}));
-    ASSERT_EQ(list.size(), 12u);
-    for (const auto& entry : list) EXPECT_EQ(entry, nullptr);
-}
-
-TEST(ReleaseInOrder, ShorterListsThanThePrefetchDistanceAreFreedWhole) {
-    for (int size = 0; size <= 5; ++size) {
-        std::vector<int> freed;
-        std::vector<std::unique_ptr<Recorder>> list;
-        for (int number = 0; number < size; ++number) list.push_back(std::make_unique<Recorder>(freed, number));
-        releaseInOrder(list);
-        EXPECT_EQ(freed.size(), static_cast<std::size_t>(size));
-        for (int number = 0; number < size; ++number) EXPECT_EQ(freed[number], number);
-    }
-}
 
 SourceLocation at(std::uint32_t line) { return SourceLocation{"t.qr", line, 1}; }
 
@@ -95,6 +65,35 @@ TEST(PrefetchDeclarationsAhead, ReadsNothingOutsideTheListAndFollowsNoNull) {
     for (std::size_t index = 0; index < 3; ++index) prefetchDeclarationsAhead(empty, index);
     ASSERT_EQ(list.size(), before.size());
     for (std::size_t i = 0; i < list.size(); ++i) EXPECT_EQ(list[i].get(), before[i]);
+}
+
+TEST(ReleaseDeclarations, FreesEveryEntryAndLeavesTheListHoldingNulls) {
+    for (std::size_t size = 0; size <= 12; ++size) {
+        std::vector<NodePtr> list;
+        while (list.size() < size) {
+            std::vector<NodePtr> declarations = awkwardDeclarations();
+            for (auto& declaration : declarations) {
+                if (list.size() < size) list.push_back(std::move(declaration));
+            }
+        }
+        releaseDeclarations(list);
+        ASSERT_EQ(list.size(), size);
+        for (const auto& entry : list) EXPECT_EQ(entry, nullptr);
+    }
+}
+
+TEST(ReleaseDeclarations, AClassFreesMembersThatAreClassesInTurn) {
+    std::vector<NodePtr> inner;
+    inner.push_back(function(true, true));
+    inner.push_back(nullptr);
+    std::vector<NodePtr> outer;
+    outer.push_back(classOf(std::move(inner)));
+    outer.push_back(classOf(awkwardDeclarations()));
+    std::vector<NodePtr> list;
+    list.push_back(classOf(std::move(outer)));
+    releaseDeclarations(list);
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0], nullptr);
 }
 
 }  // namespace
