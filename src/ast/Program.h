@@ -37,6 +37,22 @@ public:
 // releaseDeclarations.
 void prefetchDeclarationsAhead(const std::vector<NodePtr>& declarations, std::size_t index);
 
+// Asks for the whole stretch of memory in which the parts of the
+// declaration four places ahead of `index` were made. The parser makes a
+// declaration's node after everything inside it (its parameters, its body's
+// statements and expressions, a class's members and theirs), each cut from
+// the allocator's current chunk right after the one before, so what lies
+// between the node before it in the list and its own node is, as a rule,
+// just its contents. A walk over a large program's bodies would otherwise
+// wait on memory at nearly every node. Nothing is asked when the stretch
+// runs backwards or is longer than MAX_DECLARATION_SPAN (the parts then lie
+// in other chunks, or the declaration is large enough for its members to be
+// asked for in turn). Asking never changes what a walk finds. Used by both
+// resolver passes and the checker, over a program's declarations and a
+// class's members.
+inline constexpr std::size_t MAX_DECLARATION_SPAN = 16 * 1024;
+void prefetchDeclarationSpanAhead(const std::vector<NodePtr>& declarations, std::size_t index);
+
 // Frees the declarations of a list front to back, asking ahead as above, and
 // leaves the list holding nulls. A program's declarations and a class's
 // members are freed this way.

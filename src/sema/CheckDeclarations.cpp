@@ -128,6 +128,7 @@ void TypeChecker::visit(const ast::Program& node) {
     }
     for (std::size_t i = 0; i < node.declarations.size(); ++i) {
         ast::prefetchDeclarationsAhead(node.declarations, i);
+        ast::prefetchDeclarationSpanAhead(node.declarations, i);
         const auto& declaration = node.declarations[i];
         if (!declaration) continue;
         switch (declaration->nodeKind) {
@@ -186,6 +187,7 @@ void TypeChecker::visit(const ast::ClassDecl& node) {
     verifyInterfaceImplementations(node, classType);
     for (std::size_t i = 0; i < node.members.size(); ++i) {
         ast::prefetchDeclarationsAhead(node.members, i);
+        ast::prefetchDeclarationSpanAhead(node.members, i);
         const auto& member = node.members[i];
         if (!member) continue;
         if (member->nodeKind == NodeKind::VarDeclStmt) {

@@ -143,6 +143,7 @@ void NameResolver::pass2_resolveMembersAndInheritance(const ast::Program& progra
     InheritanceWindow window(inheritance);
     for (std::size_t i = 0; i < program.declarations.size(); ++i) {
         ast::prefetchDeclarationsAhead(program.declarations, i);
+        ast::prefetchDeclarationSpanAhead(program.declarations, i);
         const auto& node = program.declarations[i];
         if (!node) continue;
         switch (node->nodeKind) {

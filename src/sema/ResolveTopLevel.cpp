@@ -47,6 +47,7 @@ void NameResolver::pass1_collectTopLevel(const ast::Program& program) {
     bodiesMayNestEnums = program.mayNestEnums;
     for (std::size_t i = 0; i < program.declarations.size(); ++i) {
         ast::prefetchDeclarationsAhead(program.declarations, i);
+        ast::prefetchDeclarationSpanAhead(program.declarations, i);
         const auto& node = program.declarations[i];
         if (!node) continue;
         switch (node->nodeKind) {

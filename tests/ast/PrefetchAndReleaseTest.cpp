@@ -1,10 +1,12 @@
 // The look-ahead over a list of declarations, which must read nothing
-// outside the list and follow no null, whatever the list holds; and freeing
+// outside the list and follow no null, whatever the list holds and wherever
+// its nodes lie in memory; and freeing
 // such a list front to back with it, as a program's declarations and a
 // class's members are freed, which leaves the list holding nulls. Under the
 // sanitizers these also catch an entry freed twice or not at all.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -65,6 +67,33 @@ TEST(PrefetchDeclarationsAhead, ReadsNothingOutsideTheListAndFollowsNoNull) {
     for (std::size_t index = 0; index < 3; ++index) prefetchDeclarationsAhead(empty, index);
     ASSERT_EQ(list.size(), before.size());
     for (std::size_t i = 0; i < list.size(); ++i) EXPECT_EQ(list[i].get(), before[i]);
+}
+
+std::vector<const ASTNode*> addressesOf(const std::vector<NodePtr>& list) {
+    std::vector<const ASTNode*> addresses;
+    for (const auto& node : list) addresses.push_back(node.get());
+    return addresses;
+}
+
+// The stretch between two neighbours may run backwards, span other
+// allocations or be missing an end; asking for it reads only the list.
+TEST(PrefetchDeclarationSpanAhead, ReadsNothingOutsideTheListWhereverItsNodesLie) {
+    std::vector<NodePtr> forwards = awkwardDeclarations();
+    std::vector<NodePtr> backwards = awkwardDeclarations();
+    std::reverse(backwards.begin(), backwards.end());
+    std::vector<NodePtr> farApart;
+    std::vector<std::vector<char>> between;
+    for (int i = 0; i < 6; ++i) {
+        farApart.push_back(function(i % 2 == 0, true));
+        between.emplace_back(static_cast<std::size_t>(MAX_DECLARATION_SPAN) * (i + 1), 'x');
+    }
+    for (auto* list : {&forwards, &backwards, &farApart}) {
+        const std::vector<const ASTNode*> before = addressesOf(*list);
+        for (std::size_t index = 0; index <= list->size() + 10; ++index) prefetchDeclarationSpanAhead(*list, index);
+        EXPECT_EQ(addressesOf(*list), before);
+    }
+    const std::vector<NodePtr> empty;
+    for (std::size_t index = 0; index < 6; ++index) prefetchDeclarationSpanAhead(empty, index);
 }
 
 TEST(ReleaseDeclarations, FreesEveryEntryAndLeavesTheListHoldingNulls) {
