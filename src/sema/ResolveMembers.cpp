@@ -4,9 +4,12 @@
 // walk is in source order, so a class only sees the members of the classes
 // above it, and in a cycle of bases only the class that closes it is refused.
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "diagnostics/DiagnosticCodes.h"
 #include "sema/NameResolver.h"
@@ -77,19 +80,55 @@ void resolveImplementedInterface(NameResolver& resolver, const ast::ClassDecl& d
                                      "");
 }
 
-// A method is refused when the class already has one of that name and an
-// equal function type, return type included.
-bool hasOwnMethod(const ClassType& classType, const std::string& name, const FunctionType& type) {
-    for (const auto& method : classType.methods) {
-        if (method.name == name && method.type && method.type->equals(type)) return true;
+// The methods a class already has, asked whether one has a name and an
+// equal function type, return type included (such a method is refused). A
+// class of a few methods is searched in order; past SEARCHED_IN_ORDER its
+// methods are indexed by a hash that equal signatures share, brought up to
+// date at each question, so that a class of thousands of overloads does not
+// compare each new one with all before it.
+class OwnMethods {
+public:
+    explicit OwnMethods(const ClassType& owner) : owner(owner) {}
+
+    bool has(const std::string& name, const FunctionType& type) {
+        const auto& methods = owner.methods;
+        if (methods.size() <= SEARCHED_IN_ORDER) {
+            for (const auto& method : methods) {
+                if (matches(method, name, type)) return true;
+            }
+            return false;
+        }
+        for (; indexed < methods.size(); ++indexed) {
+            const MemberMethod& method = methods[indexed];
+            if (method.type) bySignature[signatureHash(method.name, *method.type)].push_back(indexed);
+        }
+        auto bucket = bySignature.find(signatureHash(name, type));
+        if (bucket == bySignature.end()) return false;
+        for (std::size_t position : bucket->second) {
+            if (matches(methods[position], name, type)) return true;
+        }
+        return false;
     }
-    return false;
-}
+
+private:
+    static constexpr std::size_t SEARCHED_IN_ORDER = 32;
+
+    static bool matches(const MemberMethod& method, const std::string& name, const FunctionType& type) {
+        return method.name == name && method.type && method.type->equals(type);
+    }
+    static std::size_t signatureHash(const std::string& name, const FunctionType& type) {
+        return std::hash<std::string>{}(name) ^ (equalityHash(type) * 31);
+    }
+
+    const ClassType& owner;
+    std::unordered_map<std::size_t, std::vector<std::size_t>> bySignature;
+    std::size_t indexed = 0;
+};
 
 void resolveClassMethod(NameResolver& resolver, const std::string& className, ClassType& classType,
-                        const ast::FunctionDecl& member) {
+                        OwnMethods& ownMethods, const ast::FunctionDecl& member) {
     auto type = resolveSignature(resolver, member);
-    if (hasOwnMethod(classType, member.name, *type)) {
+    if (ownMethods.has(member.name, *type)) {
         resolver.diagnostics.reportError(
             diagnostics::CODE_DUPLICATE,
             "Duplicate method '" + member.name + "' in class '" + className + "' with identical signature",
@@ -173,10 +212,12 @@ void NameResolver::resolveClassMembersAndInheritance(const ast::ClassDecl& decl)
     currentTypeParams = decl.typeParams;
     if (!decl.baseClass.empty()) resolveBase(*this, decl, classType);
     for (const auto& name : decl.interfaces) resolveImplementedInterface(*this, decl, *classType, name);
+    OwnMethods ownMethods(*classType);
     for (const auto& member : decl.members) {
         if (!member) continue;
         if (member->nodeKind == ast::NodeKind::FunctionDecl) {
-            resolveClassMethod(*this, decl.name, *classType, static_cast<const ast::FunctionDecl&>(*member));
+            resolveClassMethod(*this, decl.name, *classType, ownMethods,
+                               static_cast<const ast::FunctionDecl&>(*member));
         } else if (member->nodeKind == ast::NodeKind::VarDeclStmt) {
             resolveClassField(*this, decl.name, *classType, static_cast<const ast::VarDeclStmt&>(*member));
         }

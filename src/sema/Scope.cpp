@@ -1,6 +1,5 @@
 // One level of the scope stack. A name has one entry; the overloads of a
 // function hang off the first function symbol of that name.
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,31 +38,8 @@ bool sameParameters(const Symbol& a, const Symbol& b) {
 
 bool isBuiltin(const Symbol& symbol) { return symbol.location.file == BUILTIN_FILE; }
 
-// A hash on which equal parameter lists always agree: the count, and for each
-// parameter its kind and, for named types (which are equal by name), the name.
-std::size_t parameterHash(const Symbol& symbol) {
-    const auto& params = paramsOf(symbol);
-    std::size_t hash = params.size();
-    auto mix = [&hash](std::size_t value) { hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2); };
-    for (const auto& param : params) {
-        if (!param) {
-            mix(0xffff);
-            continue;
-        }
-        mix(static_cast<std::size_t>(param->kind));
-        switch (param->kind) {
-            case TypeKind::Class:
-            case TypeKind::Interface:
-            case TypeKind::Struct:
-            case TypeKind::Enum:
-                mix(std::hash<std::string>{}(param->toString()));
-                break;
-            default:
-                break;
-        }
-    }
-    return hash;
-}
+// A hash on which equal parameter lists always agree.
+std::size_t parameterHash(const Symbol& symbol) { return equalityHash(paramsOf(symbol)); }
 
 // Brings the index of `first`'s overloads up to date with the vector.
 void indexOverloads(FunctionSymbol& first) {

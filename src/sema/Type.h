@@ -229,4 +229,12 @@ public:
 // The printed text of a possibly null component: "unknown" for null.
 std::string typeText(const TypePtr& type);
 
+// Hashes on which types equal under `equals` always agree: a type's kind
+// and, for named types (equal by name), its name; a missing component hashes
+// as every missing one. The second covers a list (parameters) with its
+// count; the third a function type, its parameters and its result.
+std::size_t equalityHash(const TypePtr& type);
+std::size_t equalityHash(const std::vector<TypePtr>& types);
+std::size_t equalityHash(const FunctionType& type);
+
 }  // namespace quor::sema

@@ -1,5 +1,6 @@
 // Equality, implicit widening, subtyping and assignability of the types.
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 
 #include "sema/ClassChain.h"
@@ -53,6 +54,10 @@ bool sameComponent(const TypePtr& a, const TypePtr& b) {
     if (!a || !b) return a == b;
     return a->equals(*b);
 }
+
+void mixInto(std::size_t& hash, std::size_t value) { hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2); }
+
+constexpr std::size_t MISSING_COMPONENT_HASH = 0xffff;
 
 bool isAbsorbing(TypeKind kind) { return kind == TypeKind::Error; }
 
@@ -231,6 +236,34 @@ bool EnumType::isAssignableTo(const Type& target) const {
     if (equals(target)) return true;
     if (target.isSignedInteger() || target.isUnsignedInteger()) return true;
     return isAssignableByDefault(target);
+}
+
+std::size_t equalityHash(const TypePtr& type) {
+    if (!type) return MISSING_COMPONENT_HASH;
+    std::size_t hash = static_cast<std::size_t>(type->kind);
+    switch (type->kind) {
+        case TypeKind::Class:
+        case TypeKind::Interface:
+        case TypeKind::Struct:
+        case TypeKind::Enum:
+            mixInto(hash, std::hash<std::string>{}(type->toString()));
+            break;
+        default:
+            break;
+    }
+    return hash;
+}
+
+std::size_t equalityHash(const std::vector<TypePtr>& types) {
+    std::size_t hash = types.size();
+    for (const auto& type : types) mixInto(hash, equalityHash(type));
+    return hash;
+}
+
+std::size_t equalityHash(const FunctionType& type) {
+    std::size_t hash = equalityHash(type.paramTypes);
+    mixInto(hash, equalityHash(type.returnType));
+    return hash;
 }
 
 }  // namespace quor::sema
