@@ -91,15 +91,27 @@ void mergeInherited(std::vector<MemberMethod>& list, const std::vector<MemberMet
     }
 }
 
+bool hasMethodNamed(const std::vector<MemberMethod>& methods, const std::string& name) {
+    for (const auto& method : methods) {
+        if (method.name == name) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 // Each class's own methods come first and the merged result of its
 // superclass after them. The chain is folded from its far end, which gives
 // the same list as asking each superclass in turn, without the recursion.
+// A class without a method of the name passes on a result of at most one
+// entry as it is (merging it into an empty list could only drop an entry
+// equal to one before it), so a call reaching a method far up a long chain
+// does not copy it once per class.
 std::vector<MemberMethod> ClassType::findMethods(const std::string& methodName) const {
     const auto chain = classChain(*this);
     std::vector<MemberMethod> result = ownMethodsNamed(chain.back()->methods, methodName);
     for (auto cls = chain.rbegin() + 1; cls != chain.rend(); ++cls) {
+        if (result.size() <= 1 && !hasMethodNamed((*cls)->methods, methodName)) continue;
         std::vector<MemberMethod> list = ownMethodsNamed((*cls)->methods, methodName);
         mergeInherited(list, result);
         result = std::move(list);
