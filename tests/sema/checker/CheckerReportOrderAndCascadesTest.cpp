@@ -17,35 +17,6 @@ namespace {
 
 const std::string UNDEFINED_HINT = "Ensure the variable is declared before use";
 
-// One expected record; the place is the nth occurrence of `needle` on `line`.
-struct Expected {
-    std::string code;
-    std::string message;
-    int line;
-    std::string needle;
-    int nth = 1;
-    std::string hint = "";
-};
-
-struct Case {
-    std::string title;
-    std::string source;
-    std::vector<Expected> reports;
-    std::string probeType = "";  // empty: the probe is not looked at
-};
-
-void PrintTo(const Case& c, std::ostream* out) { *out << c.title; }
-
-std::string body(const std::string& params, const std::string& statements) {
-    return "fn f(" + params + ") {\n    " + statements + "\n}\n";
-}
-
-std::string caseName(const ::testing::TestParamInfo<Case>& info) {
-    std::string name;
-    for (char c : info.param.title) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-    return name;
-}
-
 Expected undefined(const std::string& name, int line, int nth = 1) {
     return {"E1002", "Undefined variable or symbol '" + name + "'", line, name, nth, UNDEFINED_HINT};
 }
@@ -84,15 +55,7 @@ Expected patternMismatch(const std::string& value, const std::string& subject, i
 class CheckerReportOrderAndCascades : public ::testing::TestWithParam<Case> {};
 
 TEST_P(CheckerReportOrderAndCascades, ReportsExactlyThisInThisOrder) {
-    const Case& c = GetParam();
-    std::vector<std::string> expected;
-    for (const Expected& e : c.reports) {
-        expected.push_back(record(e.code, e.message, at(c.source, e.line, e.needle, e.nth), e.hint));
-    }
-    EXPECT_EQ(analyzeSource(c.source), expected) << c.source;
-    if (!c.probeType.empty()) {
-        EXPECT_EQ(probe(c.source).type, c.probeType) << c.source;
-    }
+    expectCase(GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(

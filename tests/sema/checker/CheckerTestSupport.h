@@ -1,8 +1,11 @@
 #pragma once
 
 // Helpers of the checker tests: the place of a token in a source, one
-// expected record in the form of `describe`, and the checked type of the
-// initializer of a named local variable.
+// expected record in the form of `describe`, the checked type of the
+// initializer of a named local variable, and the rows of the table-driven
+// tests with the one way they are run.
+#include <cctype>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -123,6 +126,57 @@ inline Probe probe(const std::string& source, const std::string& name = "probe")
     Analysis analysis(source);
     analysis.analyze();
     return {analysis.records(), typeOfInitializer(analysis, name)};
+}
+
+// One expected record of a table row; the place is the nth occurrence of
+// `needle` on `line`.
+struct Expected {
+    std::string code;
+    std::string message;
+    int line;
+    std::string needle;
+    int nth = 1;
+    std::string hint = "";
+};
+
+// One row: a whole program, the records it must produce in report order,
+// and optionally the type of the local `probe`'s initializer.
+struct Case {
+    std::string title;
+    std::string source;
+    std::vector<Expected> reports;
+    std::string probeType = "";  // empty: the probe is not looked at
+};
+
+inline void PrintTo(const Case& c, std::ostream* out) { *out << c.title; }
+
+// A function `f` of these parameters whose body is `statements`.
+inline std::string body(const std::string& params, const std::string& statements) {
+    return "fn f(" + params + ") {\n    " + statements + "\n}\n";
+}
+
+// The row's title with every character that may not stand in a test name
+// turned into '_'.
+inline std::string caseName(const ::testing::TestParamInfo<Case>& info) {
+    std::string name;
+    for (char c : info.param.title) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+    return name;
+}
+
+// Analyses the row's program, also the way that frees each body once
+// checked, and compares the records and the probe's type with the row's.
+inline void expectCase(const Case& c) {
+    std::vector<std::string> expected;
+    for (const Expected& e : c.reports) {
+        expected.push_back(record(e.code, e.message, at(c.source, e.line, e.needle, e.nth), e.hint));
+    }
+    Analysis analysis(c.source);
+    analysis.analyze();
+    EXPECT_EQ(analysis.records(), expected) << c.source;
+    if (!c.probeType.empty()) {
+        EXPECT_EQ(typeOfInitializer(analysis, "probe"), c.probeType) << c.source;
+    }
+    EXPECT_EQ(Analysis(c.source).analyzeReleasingBodies().records(), analysis.records()) << c.source;
 }
 
 }  // namespace quor::sema::testing

@@ -15,29 +15,6 @@
 namespace quor::sema::testing {
 namespace {
 
-// One expected record; the place is the nth occurrence of `needle` on `line`.
-struct Expected {
-    std::string code;
-    std::string message;
-    int line;
-    std::string needle;
-    int nth = 1;
-    std::string hint = "";
-};
-
-struct Case {
-    std::string title;
-    std::string source;
-    std::vector<Expected> reports;
-    std::string probeType = "";  // empty: the probe is not looked at
-};
-
-void PrintTo(const Case& c, std::ostream* out) { *out << c.title; }
-
-std::string body(const std::string& params, const std::string& statements) {
-    return "fn f(" + params + ") {\n    " + statements + "\n}\n";
-}
-
 std::string probeOf(const std::string& params, const std::string& expression) {
     return body(params, "var probe = " + expression + ";");
 }
@@ -47,27 +24,10 @@ Expected r2(const std::string& op, const std::string& l, const std::string& r, i
             "Operands must be numeric"};
 }
 
-std::string caseName(const ::testing::TestParamInfo<Case>& info) {
-    std::string name;
-    for (char c : info.param.title) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-    return name;
-}
-
 class CheckerRuleTable : public ::testing::TestWithParam<Case> {};
 
 TEST_P(CheckerRuleTable, ReportsAndTypesAsTheRuleSays) {
-    const Case& c = GetParam();
-    std::vector<std::string> expected;
-    for (const Expected& e : c.reports) {
-        expected.push_back(record(e.code, e.message, at(c.source, e.line, e.needle, e.nth), e.hint));
-    }
-    Analysis analysis(c.source);
-    analysis.analyze();
-    EXPECT_EQ(analysis.records(), expected) << c.source;
-    if (!c.probeType.empty()) {
-        EXPECT_EQ(typeOfInitializer(analysis, "probe"), c.probeType) << c.source;
-    }
-    EXPECT_EQ(Analysis(c.source).analyzeReleasingBodies().records(), analysis.records()) << c.source;
+    expectCase(GetParam());
 }
 
 // ---- literals and names ----

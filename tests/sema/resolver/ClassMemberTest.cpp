@@ -5,7 +5,6 @@
 namespace quor::sema::testing {
 namespace {
 
-const char* const TYPE_HINT = "Check the type name or make sure the class/struct/enum is defined";
 
 const MemberMethod* onlyMethod(const ClassType& cls, const std::string& name) {
     const MemberMethod* found = nullptr;

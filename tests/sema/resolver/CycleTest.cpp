@@ -8,10 +8,6 @@
 namespace quor::sema::testing {
 namespace {
 
-std::string circular(const std::string& cls, const std::string& base, const std::string& place) {
-    return "E1004|Circular inheritance detected: '" + cls + "' and '" + base + "' inherit from each other||" + place;
-}
-
 TEST(ResolverCycles, AClassNamingItselfIsReportedWithItsNameTwice) {
     auto a = resolved("class A extends A {}\n");
     EXPECT_EQ(a->records(), (Records{circular("A", "A", "1:1")}));

@@ -11,36 +11,6 @@
 namespace quor::sema::testing {
 namespace {
 
-const std::string TYPE_HINT = "Check the type name or make sure the class/struct/enum is defined";
-
-std::string undefinedType(const std::string& name, const std::string& place) {
-    return "E1002|Undefined type '" + name + "'|" + TYPE_HINT + "|" + place;
-}
-std::string duplicateType(const std::string& kind, const std::string& name, const std::string& place) {
-    return "E1004|Duplicate declaration of " + kind + " '" + name + "'|A symbol with name '" + name +
-           "' is already declared in this scope|" + place;
-}
-std::string undefinedBase(const std::string& name, const std::string& place) {
-    return "E1002|Undefined base class or interface '" + name + "'||" + place;
-}
-std::string notAClassOrInterface(const std::string& name, const std::string& place) {
-    return "E1001|Base type '" + name + "' is not a class or interface||" + place;
-}
-std::string undefinedInterface(const std::string& name, const std::string& place) {
-    return "E1002|Undefined interface '" + name + "'||" + place;
-}
-std::string circular(const std::string& cls, const std::string& base, const std::string& place) {
-    return "E1004|Circular inheritance detected: '" + cls + "' and '" + base + "' inherit from each other||" + place;
-}
-std::string overridesNothing(const std::string& method, const std::string& place) {
-    return "E1001|Method '" + method + "' marked override does not override any base class method||" + place;
-}
-std::string duplicateClassField(const std::string& field, const std::string& cls, const std::string& place) {
-    return "E1004|Duplicate field '" + field + "' in class '" + cls + "'||" + place;
-}
-std::string duplicateMethod(const std::string& method, const std::string& cls, const std::string& place) {
-    return "E1004|Duplicate method '" + method + "' in class '" + cls + "' with identical signature||" + place;
-}
 
 struct InteractionCase {
     const char* title;

@@ -5,12 +5,6 @@
 namespace quor::sema::testing {
 namespace {
 
-const char* const TYPE_HINT = "Check the type name or make sure the class/struct/enum is defined";
-const char* const FUNCTION_HINT = "Provide unique parameter types or rename the function";
-
-std::string undefinedType(const std::string& name, const std::string& place) {
-    return "E1002|Undefined type '" + name + "'|" + TYPE_HINT + "|" + place;
-}
 
 TEST(ResolverFunctions, ASignatureNamingAClassDeclaredBelowReportsTheUndefinedType) {
     auto a = resolved("fn draw(s: Shape) {}\nclass Shape {}\n");

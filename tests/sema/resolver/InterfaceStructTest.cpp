@@ -4,7 +4,6 @@
 namespace quor::sema::testing {
 namespace {
 
-const char* const TYPE_HINT = "Check the type name or make sure the class/struct/enum is defined";
 
 TEST(ResolverInterfaces, MethodsArePublicAbstractAndInOrder) {
     auto a = resolved("interface Shape {\n  fn area() -> double;\n  fn scale(by: double): Shape;\n}\n");

@@ -67,8 +67,7 @@ Case randomCase(unsigned seed, std::size_t count) {
         for (const auto& signature : kept) repeated = repeated || signature == method.signature;
         if (repeated) {
             const std::string name = method.text.substr(3, method.text.find('(') - 3);
-            result.expected.push_back("E1004|Duplicate method '" + name +
-                                      "' in class 'Big' with identical signature||" + std::to_string(4 + i) + ":3");
+            result.expected.push_back(duplicateMethod(name, "Big", std::to_string(4 + i) + ":3"));
         } else {
             kept.push_back(method.signature);
         }
@@ -101,7 +100,7 @@ TEST(ResolverManyMethods, ASecondDeclarationsRepeatIsFoundAmongTheFirstsManyMeth
     auto a = resolved(source);
     const Records records = a->records();
     ASSERT_FALSE(records.empty());
-    EXPECT_EQ(records.back(), "E1004|Duplicate method 'm' in class 'Big' with identical signature||54:3");
+    EXPECT_EQ(records.back(), duplicateMethod("m", "Big", "54:3"));
     const auto big = classNamed(*a, "Big");
     ASSERT_NE(big, nullptr);
     EXPECT_EQ(methodTypes(*big, "m").size(), 51u);

@@ -42,8 +42,7 @@ Records modelReports(const std::vector<ModelDecl>& decls) {
     std::map<std::string, ModelClass> classes;
     for (const auto& decl : decls) {
         if (classes.count(decl.name) != 0) {
-            out.push_back("E1004|Duplicate declaration of class '" + decl.name + "'|A symbol with name '" + decl.name +
-                          "' is already declared in this scope|" + at(decl.line, 1));
+            out.push_back(duplicateType("class", decl.name, at(decl.line, 1)));
             continue;
         }
         classes[decl.name].name = decl.name;
@@ -53,7 +52,7 @@ Records modelReports(const std::vector<ModelDecl>& decls) {
         if (!decl.base.empty()) {
             auto base = classes.find(decl.base);
             if (base == classes.end()) {
-                out.push_back("E1002|Undefined base class or interface '" + decl.base + "'||" + at(decl.line, 1));
+                out.push_back(undefinedBase(decl.base, at(decl.line, 1)));
             } else {
                 bool cycle = false;
                 for (const ModelClass* current = &base->second; current != nullptr; current = current->superclass) {
@@ -63,8 +62,7 @@ Records modelReports(const std::vector<ModelDecl>& decls) {
                     }
                 }
                 if (cycle) {
-                    out.push_back("E1004|Circular inheritance detected: '" + cls.name + "' and '" + decl.base +
-                                  "' inherit from each other||" + at(decl.line, 1));
+                    out.push_back(circular(cls.name, decl.base, at(decl.line, 1)));
                 } else {
                     cls.superclass = &base->second;
                 }
@@ -77,16 +75,14 @@ Records modelReports(const std::vector<ModelDecl>& decls) {
                     if (current->fields.count(member.name) != 0) found = true;
                 }
                 if (found) {
-                    out.push_back("E1004|Duplicate field '" + member.name + "' in class '" + decl.name + "'||" +
-                                  at(decl.line, member.column));
+                    out.push_back(duplicateClassField(member.name, decl.name, at(decl.line, member.column)));
                 } else {
                     cls.fields.insert(member.name);
                 }
                 continue;
             }
             if (cls.methods.count(member.name) != 0) {
-                out.push_back("E1004|Duplicate method '" + member.name + "' in class '" + decl.name +
-                              "' with identical signature||" + at(decl.line, member.column));
+                out.push_back(duplicateMethod(member.name, decl.name, at(decl.line, member.column)));
                 continue;
             }
             if (member.isOverride) {
@@ -95,9 +91,7 @@ Records modelReports(const std::vector<ModelDecl>& decls) {
                     if (current->methods.count(member.name) != 0) found = true;
                 }
                 if (!found) {
-                    out.push_back("E1001|Method '" + member.name +
-                                  "' marked override does not override any base class method||" +
-                                  at(decl.line, member.column));
+                    out.push_back(overridesNothing(member.name, at(decl.line, member.column)));
                 }
             }
             cls.methods.insert(member.name);

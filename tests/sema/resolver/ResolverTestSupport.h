@@ -63,4 +63,51 @@ inline long chainLength(const ClassType* start, long limit) {
     return length;
 }
 
+// The resolver's reports in the form of `describe`: code, message, hint
+// and "line:column".
+inline const std::string TYPE_HINT = "Check the type name or make sure the class/struct/enum is defined";
+inline const std::string FUNCTION_HINT = "Provide unique parameter types or rename the function";
+
+inline std::string undefinedType(const std::string& name, const std::string& place) {
+    return "E1002|Undefined type '" + name + "'|" + TYPE_HINT + "|" + place;
+}
+inline std::string duplicateType(const std::string& kind, const std::string& name, const std::string& place) {
+    return "E1004|Duplicate declaration of " + kind + " '" + name + "'|A symbol with name '" + name +
+           "' is already declared in this scope|" + place;
+}
+inline std::string duplicateFunction(const std::string& name, const std::string& place) {
+    return "E1004|Duplicate declaration of function '" + name + "' with identical parameter types|" +
+           FUNCTION_HINT + "|" + place;
+}
+inline std::string undefinedBase(const std::string& name, const std::string& place) {
+    return "E1002|Undefined base class or interface '" + name + "'||" + place;
+}
+inline std::string notAClassOrInterface(const std::string& name, const std::string& place) {
+    return "E1001|Base type '" + name + "' is not a class or interface||" + place;
+}
+inline std::string undefinedInterface(const std::string& name, const std::string& place) {
+    return "E1002|Undefined interface '" + name + "'||" + place;
+}
+inline std::string notAnInterface(const std::string& name, const std::string& place) {
+    return "E1001|Type '" + name + "' is not an interface||" + place;
+}
+inline std::string circular(const std::string& cls, const std::string& base, const std::string& place) {
+    return "E1004|Circular inheritance detected: '" + cls + "' and '" + base + "' inherit from each other||" + place;
+}
+inline std::string overridesNothing(const std::string& method, const std::string& place) {
+    return "E1001|Method '" + method + "' marked override does not override any base class method||" + place;
+}
+inline std::string duplicateClassField(const std::string& field, const std::string& cls, const std::string& place) {
+    return "E1004|Duplicate field '" + field + "' in class '" + cls + "'||" + place;
+}
+inline std::string duplicateMethod(const std::string& method, const std::string& cls, const std::string& place) {
+    return "E1004|Duplicate method '" + method + "' in class '" + cls + "' with identical signature||" + place;
+}
+inline std::string duplicateStructField(const std::string& field, const std::string& st, const std::string& place) {
+    return "E1004|Duplicate field '" + field + "' in struct '" + st + "'||" + place;
+}
+inline std::string duplicateVariant(const std::string& variant, const std::string& en, const std::string& place) {
+    return "E1004|Duplicate enum variant '" + variant + "' in enum '" + en + "'||" + place;
+}
+
 }  // namespace quor::sema::testing

@@ -11,22 +11,6 @@
 namespace quor::sema::testing {
 namespace {
 
-const std::string TYPE_HINT = "Check the type name or make sure the class/struct/enum is defined";
-const std::string FUNCTION_HINT = "Provide unique parameter types or rename the function";
-
-std::string undefinedType(const std::string& name, const std::string& place) {
-    return "E1002|Undefined type '" + name + "'|" + TYPE_HINT + "|" + place;
-}
-
-std::string duplicateType(const std::string& kind, const std::string& name, const std::string& place) {
-    return "E1004|Duplicate declaration of " + kind + " '" + name + "'|A symbol with name '" + name +
-           "' is already declared in this scope|" + place;
-}
-
-std::string duplicateFunction(const std::string& name, const std::string& place) {
-    return "E1004|Duplicate declaration of function '" + name + "' with identical parameter types|" +
-           FUNCTION_HINT + "|" + place;
-}
 
 struct ReportCase {
     const char* title;
