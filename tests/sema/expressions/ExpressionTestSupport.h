@@ -2,12 +2,16 @@
 
 // Helpers of the expression tests: those of the checker tests (where a piece
 // of source text stands, one expected record, variables found in a tree),
-// and the checked type of a named variable's initializer.
+// the checked type of a named variable's initializer, and the one place
+// given to every node a test builds by hand.
 #include <string>
 
 #include "sema/checker/CheckerTestSupport.h"
 
 namespace quor::sema::testing {
+
+// The place of every node a test builds by hand.
+inline const diagnostics::SourceLocation WHERE{"test.quor", 1, 1};
 
 // The first declaration of `name` anywhere in the program's declarations.
 inline const ast::VarDeclStmt* findVariable(const ast::Program& program, const std::string& name) {

@@ -16,8 +16,6 @@ namespace ast = quor::ast;
 
 namespace {
 
-const ast::SourceLocation WHERE{"test.quor", 1, 1};
-
 enum class Body {
     ReturnNull,      // { return null; }
     ReturnThis,      // { return this; } outside any class

@@ -21,8 +21,6 @@ std::string typeOf(const std::string& expression) {
     return initializerType(a, "r");
 }
 
-const ast::SourceLocation WHERE{"test.quor", 1, 1};
-
 std::unique_ptr<ast::BlockStmt> block(std::unique_ptr<ast::StatementNode> only = nullptr) {
     std::vector<ast::StmtPtr> statements;
     if (only) statements.push_back(std::move(only));

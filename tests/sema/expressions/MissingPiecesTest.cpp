@@ -13,8 +13,6 @@ namespace ast = quor::ast;
 
 namespace {
 
-const ast::SourceLocation WHERE{"test.quor", 1, 1};
-
 ast::ExprPtr name(const std::string& text) { return std::make_unique<ast::IdentifierExpr>(text, WHERE); }
 
 }  // namespace
